@@ -1,0 +1,46 @@
+#pragma once
+// What the logic asks of the user: message boxes, questions, file, input and colour dialogs.
+// Cancel is a distinct answer (an empty optional); each caller turns it into the error or the
+// silent end its routine asks for.
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tellux {
+
+enum class Icon { None, Critical, Question, Exclamation, Information };
+enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
+enum class Answer { Ok, Cancel, Yes, No };
+
+struct FileDialogRequest {
+  std::string filter;    // "Caption (*.EXT)|*.EXT|..." pairs
+  std::string title;
+  std::string proposed;  // the proposed file name or path
+  bool overwrite_prompt = false;
+  bool multiple = false;
+};
+
+class Dialogs {
+ public:
+  virtual ~Dialogs() = default;
+  virtual Answer message(const std::string& text, Buttons buttons, Icon icon,
+                         const std::string& title) = 0;
+  // Full paths of the chosen files; empty optional on Cancel.
+  virtual std::optional<std::vector<std::string>> open_files(const FileDialogRequest& request) = 0;
+  virtual std::optional<std::string> save_file(const FileDialogRequest& request) = 0;
+  virtual std::optional<std::string> input(const std::string& prompt, const std::string& title,
+                                           const std::string& initial) = 0;
+  virtual std::optional<int> colour(const std::string& title, int initial) = 0;
+
+  // Conveniences over the calls above.
+  void tell(const std::string& text, Icon icon, const std::string& title) {
+    message(text, Buttons::Ok, icon, title);
+  }
+  std::optional<std::string> open_file(const FileDialogRequest& request) {
+    auto files = open_files(request);
+    if (!files || files->empty()) return std::nullopt;
+    return files->front();
+  }
+};
+
+}  // namespace tellux

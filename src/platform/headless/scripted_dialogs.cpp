@@ -1,0 +1,61 @@
+#include "platform/headless/scripted_dialogs.h"
+
+namespace tellux {
+
+Answer ScriptedDialogs::message(const std::string& text, Buttons buttons, Icon icon,
+                                const std::string& title) {
+  messages.push_back({text, buttons, icon, title});
+  if (buttons == Buttons::Ok) return Answer::Ok;
+  if (answers.empty()) return buttons == Buttons::OkCancel ? Answer::Ok : Answer::Yes;
+  const Answer a = answers.front();
+  answers.pop_front();
+  return a;
+}
+
+std::optional<std::vector<std::string>> ScriptedDialogs::open_files(
+    const FileDialogRequest& request) {
+  file_requests.push_back(request);
+  if (open_choices.empty()) return std::nullopt;
+  auto choice = open_choices.front();
+  open_choices.pop_front();
+  if (choice.empty()) return std::nullopt;
+  return choice;
+}
+
+std::optional<std::string> ScriptedDialogs::save_file(const FileDialogRequest& request) {
+  file_requests.push_back(request);
+  if (save_choices.empty()) return std::nullopt;
+  std::string choice = save_choices.front();
+  save_choices.pop_front();
+  if (choice.empty()) return std::nullopt;
+  return choice;
+}
+
+std::optional<std::string> ScriptedDialogs::input(const std::string&, const std::string&,
+                                                  const std::string&) {
+  if (inputs.empty()) return std::nullopt;
+  auto v = inputs.front();
+  inputs.pop_front();
+  return v;
+}
+
+std::optional<int> ScriptedDialogs::colour(const std::string&, int) {
+  if (colours.empty()) return std::nullopt;
+  auto v = colours.front();
+  colours.pop_front();
+  return v;
+}
+
+std::vector<std::string> ScriptedDialogs::texts() const {
+  std::vector<std::string> out;
+  for (const auto& m : messages) out.push_back(m.text);
+  return out;
+}
+
+Answer BatchDialogs::message(const std::string& text, Buttons buttons, Icon, const std::string&) {
+  ++shown_;
+  if (sink_) sink_(text);
+  return buttons == Buttons::Ok || buttons == Buttons::OkCancel ? Answer::Ok : Answer::Yes;
+}
+
+}  // namespace tellux

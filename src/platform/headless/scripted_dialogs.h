@@ -1,0 +1,67 @@
+#pragma once
+// Dialogs for tests and batch work: answers come from a script, every message is recorded so a
+// test can assert its exact text, icon and title.
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "platform/dialogs.h"
+
+namespace tellux {
+
+struct RecordedMessage {
+  std::string text;
+  Buttons buttons;
+  Icon icon;
+  std::string title;
+};
+
+class ScriptedDialogs : public Dialogs {
+ public:
+  // Queues: messages with buttons other than Ok take the next answer (Yes when none is queued);
+  // file dialogs take the next path (Cancel when none, or when the queued entry is empty).
+  std::deque<Answer> answers;
+  std::deque<std::vector<std::string>> open_choices;
+  std::deque<std::string> save_choices;
+  std::deque<std::optional<std::string>> inputs;
+  std::deque<std::optional<int>> colours;
+
+  std::vector<RecordedMessage> messages;
+  std::vector<FileDialogRequest> file_requests;
+
+  Answer message(const std::string& text, Buttons buttons, Icon icon,
+                 const std::string& title) override;
+  std::optional<std::vector<std::string>> open_files(const FileDialogRequest& request) override;
+  std::optional<std::string> save_file(const FileDialogRequest& request) override;
+  std::optional<std::string> input(const std::string& prompt, const std::string& title,
+                                   const std::string& initial) override;
+  std::optional<int> colour(const std::string& title, int initial) override;
+
+  // Texts of all messages shown so far, in order.
+  std::vector<std::string> texts() const;
+};
+
+// Dialogs for batch work: messages go to a sink (standard error in the command-line tool),
+// questions are answered Yes, file dialogs are cancelled.
+class BatchDialogs : public Dialogs {
+ public:
+  using Sink = void (*)(const std::string&);
+  explicit BatchDialogs(Sink sink) : sink_(sink) {}
+  Answer message(const std::string& text, Buttons buttons, Icon, const std::string&) override;
+  std::optional<std::vector<std::string>> open_files(const FileDialogRequest&) override {
+    return std::nullopt;
+  }
+  std::optional<std::string> save_file(const FileDialogRequest&) override { return std::nullopt; }
+  std::optional<std::string> input(const std::string&, const std::string&,
+                                   const std::string&) override {
+    return std::nullopt;
+  }
+  std::optional<int> colour(const std::string&, int) override { return std::nullopt; }
+  int shown() const { return shown_; }
+
+ private:
+  Sink sink_;
+  int shown_ = 0;
+};
+
+}  // namespace tellux
