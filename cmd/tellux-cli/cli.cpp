@@ -1,29 +1,32 @@
 #include "cli.h"
 
 #include <cstdlib>
+#include <filesystem>
 
+#include "core/language.h"
+#include "core/open_flow.h"
 #include "core/sounding_file.h"
 
 namespace tellux::cli {
 
 namespace {
 void to_stderr(const std::string& text) { std::fprintf(stderr, "%s\n", text.c_str()); }
-
-bool ends_with_upper(const std::string& name, const char* three) {
-  return name.size() >= 3 && name.compare(name.size() - 3, 3, three) == 0;
-}
 }  // namespace
 
 Cli::Cli() : dialogs(to_stderr) {}
 
 void open_file(Cli& cli, const std::string& path) {
   SoundingState& s = cli.s;
-  s.FilePath = path;
-  const size_t slash = path.find_last_of("/\\");
-  s.FileName = slash == std::string::npos ? path : path.substr(slash + 1);
-  s.FileDir = path.substr(0, path.size() - s.FileName.size());
-  s.FormatLevel = ends_with_upper(s.FileName, "TXW") ? 2 : 3;
-  read_sounding_file(cli.session, s.FilePath);
+  // The program's dialogs and its recent-file list always hold full paths; a bare name would
+  // also lose its first character in the open flow's cut.
+  s.FilePath = path.empty() ? path : std::filesystem::absolute(path).lexically_normal().string();
+  s.FileName = s.FilePath;
+  open_sounding(cli.session);
+}
+
+void load_cli_settings(Cli& cli, const Args& args, Settings& settings) {
+  load_settings(cli.s, settings);
+  if (args.has("--lang")) cli.s.Language = language_from_letter(args.get("--lang"));
 }
 
 int parse_int(const std::string& text, const std::string& option) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/session.h"
+#include "core/settings.h"
 #include "json.h"
 #include "platform/headless/scripted_dialogs.h"
 
@@ -42,6 +43,8 @@ class Cli {
 
 // Reads FILE as the program does when it opens a sounding by name.
 void open_file(Cli& cli, const std::string& path);
+// Reads the settings file; "--lang" overrides its language for this call.
+void load_cli_settings(Cli& cli, const Args& args, Settings& settings);
 // Applies "--array schlumberger|dipole|wenner" and "--decade-start N".
 void apply_array(Cli& cli, const Args& args);
 void apply_decade_start(Cli& cli, const Args& args);
@@ -52,10 +55,18 @@ double parse_double(const std::string& text, const std::string& option);
 
 // JSON pieces shared by the commands.
 void field_table_json(Json& j, const SoundingState& s, int columns);
+// "LayerCount" and "LayerModel": rows 1..LayerCount as [resistivity, thickness].
+void layer_model_json(Json& j, const SoundingState& s);
+// Applies "--sensitivity S" (default 0.3) to ModelSensitivity.
+void apply_sensitivity(Cli& cli, const Args& args);
 
 using Command = int (*)(Cli&, const Args&);
 int cmd_open(Cli& cli, const Args& args);
+int cmd_settings(Cli& cli, const Args& args);
 int cmd_forward(Cli& cli, const Args& args);
 int cmd_write(Cli& cli, const Args& args);
+int cmd_plot(Cli& cli, const Args& args);
+int cmd_automodel(Cli& cli, const Args& args);
+int cmd_fit(Cli& cli, const Args& args);
 
 }  // namespace tellux::cli

@@ -4,7 +4,12 @@ namespace tellux::cli {
 
 int cmd_open(Cli& cli, const Args& args) {
   if (args.positional.size() != 1) throw UsageError{"usage: tellux-cli open FILE"};
+  // The recent files live in the settings file: an open enters its path there, as the program
+  // does, so that it is listed by the next call.
+  Settings settings;
+  load_cli_settings(cli, args, settings);
   open_file(cli, args.positional[0]);
+  save_settings(cli.s, settings);
   const SoundingState& s = cli.s;
   Json j;
   j.begin_object();
@@ -33,6 +38,9 @@ int cmd_open(Cli& cli, const Args& args) {
   j.key("LocationY").text(s.LocationY);
   j.key("LocationZ").text(s.LocationZ);
   j.key("LocationAzimuth").text(s.LocationAzimuth);
+  j.key("RecentFiles").begin_array();
+  for (int n = 1; n <= 5; ++n) j.text(s.RecentFiles[static_cast<size_t>(n)]);
+  j.end_array();
   j.end_object();
   cli.print(j);
   return cli.status();

@@ -19,8 +19,17 @@ struct Entry {
 
 const Entry kCommands[] = {
     {"open", cmd_open, "open FILE"},
+    {"settings", cmd_settings, "settings"},
     {"forward", cmd_forward, "forward FILE [--array schlumberger|dipole|wenner] [--decade-start N]"},
     {"write", cmd_write, "write FILE OUT"},
+    {"automodel", cmd_automodel,
+     "automodel FILE [--array schlumberger|dipole|wenner] [--sensitivity S]"},
+    {"fit", cmd_fit,
+     "fit FILE [--array schlumberger|dipole|wenner] [--decade-start N] "
+     "[--thickness-decimals 0|1|2] [--sensitivity S] [--out OUT]"},
+    {"plot", cmd_plot,
+     "plot FILE [--array schlumberger|dipole|wenner] [--png OUT] [--svg OUT] [--ops OUT] "
+     "[--size WxH] [--steps] [--errors]"},
 };
 
 // Options that take no value.

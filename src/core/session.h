@@ -13,6 +13,7 @@ struct Session {
   Dialogs& dialogs;
   Forms& forms;
   CurveObserver* curve = nullptr;  // none: the calculation draws nothing
+  long forward_runs = 0;           // runs of ForwardCurve, for batch reports and benchmarks
 
   // A message box with the program's title.
   void tell(const std::string& text, Icon icon = Icon::Exclamation) {

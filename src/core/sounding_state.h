@@ -122,6 +122,12 @@ struct SoundingState {
   int16_t ShowErrorCurve = 0;  // 1: the error curve is wanted
   int16_t ShowModelSteps = 1;  // 1: the model's staircase is wanted
   bool FirstPoint = true;      // the next point starts a stroke
+  // The diagram on the report page: millimetres per decade on both axes, and the page position
+  // (twips) of the frame's corner (DecadeStart, RhoDecadeStart). The report sets them.
+  double PlotScale = 0.0;
+  double PlotOriginX = 0.0;
+  double PlotOriginY = 0.0;
+  int16_t KeepConfiguration = 0;  // 1: the setup tab's "keep the configuration" box was set
 
   // Flags of progress.
   bool DataSaved = false;

@@ -1,10 +1,11 @@
 #include "model/forward.h"
 
 #include <cmath>
-#include <cstring>
+#include <algorithm>
 
 #include "core/runtime/arithmetic.h"
 #include "core/runtime/discipline.h"
+#include "model/transform_cache.h"
 
 namespace tellux {
 
@@ -12,9 +13,6 @@ namespace {
 
 constexpr double kLog10Factor = 0.4343;    // the program's log10(e); keep it so
 constexpr double kFilterOffset = 822.8;     // where the Schlumberger filter's abscissas start
-constexpr double kSchlumbergerStep = 1.333521;  // our rounded 10^(1/8); keep it
-constexpr double kWennerStep = 0.5757;      // a rounded ln(10)/4; keep it
-constexpr double kDipoleStep = 0.2302385;   // close to, but not, ln(10)/10: required as it is
 
 // Schlumberger weights on S[1], S[3], ..., S[35].
 constexpr double kSchlumbergerWeights[18] = {
@@ -60,64 +58,97 @@ float single(double v) { return rt::CSng(v); }
 
 class Run {
  public:
-  Run(Session& session, const Layers& layers)
-      : ss_(session), s_(session.s), l_(layers), S_(session.s.TransformSamples.data()) {
+  Run(Session& session, const Layers& layers, TransformCache& cache)
+      : ss_(session), s_(session.s), l_(layers), S_(session.s.TransformSamples.data()),
+        cache_(cache) {
     draws_ = s_.WorkMode != mode::kFile && s_.FitMisfit.num() == 0.0 && session.curve != nullptr;
   }
 
-  double transform(float x) const { return layered_transform(l_.rho, l_.thickness, l_.count, x); }
+  // The loop's test value, ModelCurveLast x 0.125 + DecadeStart in single precision (it always
+  // fits a single).
+  float row_test(int last) const { return static_cast<float>(last * 0.125 + s_.DecadeStart); }
+
+  // How many rows the loop below will make: the same test, run ahead. Row 101 is the last one
+  // tried, since storing it raises the subscript error.
+  int row_count(float end) const {
+    int rows = 0;
+    for (int last = s_.ModelCurveLast; rows < TransformCache::kMaxRows; ++last, ++rows)
+      if (!(row_test(last) < end)) break;
+    return rows;
+  }
 
   // The outer loop shared by the branches: test, then advance; the last row is the first one at
-  // or past `end`.
+  // or past `end`. `filter(i)` gives row i's resistivity or raises the row's error.
   template <typename RowFilter>
   void rows(float end, RowFilter&& filter) {
     for (;;) {
-      const float v = single(s_.ModelCurveLast * 0.125 + s_.DecadeStart);
-      if (!(v < end)) return;
+      if (!(row_test(s_.ModelCurveLast) < end)) return;
       const int i = ++s_.ModelCurveLast;
       const double r = filter(i);
       if (draws_) ss_.curve->segment(i + 1, r);
       s_.ModelCurve(i, 1) = r;
-      s_.ModelCurve(i, 2) = std::pow(10.0, i * 0.125 + s_.DecadeStart);
+      s_.ModelCurve(i, 2) = i < TransformCache::kMaxRows ? cache_.spacing(i) : 0.0;
     }
   }
 
-  void schlumberger(float end, float x) {
-    for (int k = 1; k <= 34; ++k) {
-      S_[k] = transform(x);
-      x = single(x * kSchlumbergerStep);
-    }
-    rows(end, [&](int) {
-      S_[35] = transform(x);
-      x = single(x * kSchlumbergerStep);
+  // Every sample the run needs, computed before the rows; `failed` is the first slot that meets
+  // a run-time error, which fails the row (or the priming) that takes it in, exactly where the
+  // one-sample-at-a-time order would.
+  const double* samples(float first_x, int slots, int& failed) {
+    return cache_.samples(s_.Spread, s_.DecadeStart, first_x, l_.rho, l_.thickness, l_.count,
+                          slots, failed);
+  }
+
+  // Eight samples per decade on a sliding window of 35, every second one weighted: one new
+  // sample per row after 34 of priming.
+  void schlumberger(float end, float first_x) {
+    constexpr int kPriming = TransformCache::kSchlumbergerPriming;
+    int failed = 0;
+    const double* S = samples(first_x, kPriming + row_count(end), failed);
+    if (failed < kPriming) rt::raise(rt::kOverflow);
+    rows(end, [&](int i) {
+      if (kPriming + i >= failed) rt::raise(rt::kOverflow);
+      const double* window = S + i - 1;  // window[1..35]: samples i+1 .. i+35
       double r = 0.0;
-      for (int w = 0; w < 18; ++w) r += S_[2 * w + 1] * kSchlumbergerWeights[w];
-      std::memmove(&S_[1], &S_[2], 34 * sizeof(double));
+      for (int w = 0; w < 18; ++w) r += window[2 * w + 1] * kSchlumbergerWeights[w];
       return r;
     });
+    keep_window(S + s_.ModelCurveLast - 1, 35);
   }
 
-  // Natural logarithm of the row's AB/2 as the program takes it.
-  double row_log(int i) const { return (i * 0.125 + s_.DecadeStart) / kLog10Factor; }
-
+  // Four samples per decade, descending; fifteen are computed and fourteen used.
   void wenner(float end) {
+    constexpr int n = TransformCache::kWennerPerRow;
+    int failed = 0;
+    const double* S = samples(0.f, n * row_count(end), failed);
     rows(end, [&](int i) {
-      const float b = single(row_log(i) + 3.3643);
-      for (int j = 0; j <= 14; ++j) S_[j + 1] = transform(single(rt::Exp(b - j * kWennerStep)));
+      if (i * n + n > failed) rt::raise(rt::kOverflow);
+      const double* row = S + i * n - 1;  // row[1..15]
       double r = 0.0;
-      for (int w = 0; w < 14; ++w) r += S_[w + 1] * kWennerWeights[w];
+      for (int w = 0; w < 14; ++w) r += row[w + 1] * kWennerWeights[w];
       return r;
     });
+    keep_window(S + s_.ModelCurveLast * n - 1, n);
   }
 
+  // Ten samples per decade, ascending, over six decades.
   void dipole(float end) {
+    constexpr int n = TransformCache::kDipolePerRow;
+    int failed = 0;
+    const double* S = samples(0.f, n * row_count(end), failed);
     rows(end, [&](int i) {
-      const float b = single(row_log(i) - 6.912);
-      for (int j = 0; j <= 60; ++j) S_[j + 1] = transform(single(rt::Exp(b + j * kDipoleStep)));
+      if (i * n + n > failed) rt::raise(rt::kOverflow);
+      const double* row = S + i * n - 1;  // row[1..61]
       double r = 0.0;
-      for (int w = 0; w < 61; ++w) r += w == 9 ? kDipoleAddend : S_[w + 1] * kDipoleWeights[w];
+      for (int w = 0; w < 61; ++w) r += w == 9 ? kDipoleAddend : row[w + 1] * kDipoleWeights[w];
       return r / 1000.0;
     });
+    keep_window(S + s_.ModelCurveLast * n - 1, n);
+  }
+
+  // TransformSamples holds the samples of the last row, as the branches leave them.
+  void keep_window(const double* window, int n) {
+    if (s_.ModelCurveLast >= 0) std::copy(window + 1, window + 1 + n, S_ + 1);
   }
 
  private:
@@ -125,6 +156,7 @@ class Run {
   SoundingState& s_;
   const Layers& l_;
   double* S_;
+  TransformCache& cache_;
   bool draws_ = false;
 };
 
@@ -134,25 +166,9 @@ void set_bilog_pointer(Session& session, int shape) {
 
 }  // namespace
 
-double layered_transform(const double* rho, const double* thickness, int layers, float x) {
-  double R = rho[layers];
-  for (int i = layers - 1; i >= 1; --i) {
-    const double u = rt::Div(thickness[i], x);
-    if (u < 4.0) {
-      // At u = 4 and above the layer counts as infinitely thick: no tanh is evaluated.
-      const double e = std::exp(u);
-      const double inv = rt::Div(1.0, e);
-      const double T = (e - inv) / (e + inv);
-      R = rt::Div(R + rho[i] * T, 1.0 + rt::Div(R * T, rho[i]));
-    } else {
-      R = rho[i];
-    }
-  }
-  return R;
-}
-
 void ForwardCurve(Session& session) {
   SoundingState& s = session.s;
+  ++session.forward_runs;
   try {
     s.ModelComputed = 1;
     set_bilog_pointer(session, kPointerHourglass);
@@ -166,7 +182,9 @@ void ForwardCurve(Session& session) {
     s.FirstPoint = true;
     const float end = single(rt::Log(s.MaxAbHalf) * kLog10Factor + 0.5);
     const Layers layers = read_layers(s);
-    Run run(session, layers);
+    // The abscissas and layer terms are kept between runs (a pure memo of this thread's runs).
+    static thread_local TransformCache cache;
+    Run run(session, layers, cache);
     switch (s.Spread) {
       case SpreadType::Schlumberger:
         run.schlumberger(end, first_x);
@@ -190,22 +208,6 @@ void ForwardCurve(Session& session) {
   if (s.SuperposeCurve != 1) {
     s.ModelOutdated = false;
     session.forms.revive_overlay_controls();
-  }
-}
-
-void find_max_ab(SoundingState& s, int16_t& max_ab_half) {
-  bool leave = false;
-  rt::skip([&] {
-    leave = s.FieldTable(1, 1).num() + s.FieldTable(2, 1).num() + s.FieldTable(3, 1).num() == 1.0;
-  });
-  if (leave) return;
-  // In the superpose mode the overlaid sounding's rows stand in FieldTable too (its reader puts
-  // them there), so one table serves both; the count of rows is FieldCount in either case.
-  for (int n = 1; n <= s.FieldCount; ++n) {
-    rt::skip([&] {
-      const double ab = s.FieldTable(n, 1).num();
-      if (ab > max_ab_half) max_ab_half = rt::CInt(ab);
-    });
   }
 }
 
@@ -267,7 +269,8 @@ void compute_deviations(SoundingState& s) {
       j = k;
       const double rho_t = interpolate(s, k, a);
       const double field = s.FieldTable(n, 2).num();
-      s.ModelCurve(n, 3) = 100.0 * rt::Div(std::fabs(rho_t - field), field);
+      // 100 x |difference| first, then the division: the order decides the last digit.
+      s.ModelCurve(n, 3) = rt::Div(100.0 * std::fabs(rho_t - field), field);
     });
   }
 }

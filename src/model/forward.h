@@ -3,6 +3,7 @@
 // rows per decade of AB/2 from the left edge of the diagram to about half a decade past the
 // largest field spacing, by the digital-filter method (Koefoed's filters: Schlumberger,
 // Wenner, and the dipole filter of Koefoed and others).
+#include "core/max_ab.h"
 #include "core/session.h"
 
 namespace tellux {
@@ -13,10 +14,6 @@ namespace tellux {
 // so far.
 void ForwardCurve(Session& session);
 
-// Raises `max_ab_half` to the largest AB/2 of field rows 1..FieldCount, rounded half to even;
-// leaves it when the AB/2 of rows 1 to 3 add up to exactly 1. Failing statements are skipped.
-void find_max_ab(SoundingState& s, int16_t& max_ab_half);
-
 // Misfit of the computed curve to the field points: squared differences of base-ten logarithms,
 // the first and the last evaluated point counted twice. Failing statements are skipped.
 void FieldMisfit(SoundingState& s, Cell& result);
@@ -24,9 +21,5 @@ void FieldMisfit(SoundingState& s, Cell& result);
 // Fills `ModelCurve` column 3, rows 1..FieldCount, with the percent deviation of each field point
 // from the computed curve (0.001 for a point outside the curve's range).
 void compute_deviations(SoundingState& s);
-
-// The resistivity transform of the layered earth at abscissa x, from the bottom layer up.
-// `rho` and `thickness` are indexed from 1 to `layers`. Raises the language's errors.
-double layered_transform(const double* rho, const double* thickness, int layers, float x);
 
 }  // namespace tellux

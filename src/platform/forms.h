@@ -28,6 +28,8 @@ class Forms {
   // The overlay controls of the model window come back to life after a computed curve
   // (`Check18` enabled, its text and `Label1` in the window-text colour).
   virtual void revive_overlay_controls() {}
+  // The model grid `Grid1` is written again from `LayerModel` (after a fit).
+  virtual void refresh_model_grid() {}
   // The field sheet is filled from the sounding.
   virtual void fill_sheet() {}
 };

@@ -152,8 +152,12 @@ void write_file_atomically(const std::string& path, std::string_view content) {
   const fs::path target(path);
   std::error_code ec;
   if (fs::is_directory(target, ec)) raise(kPathFileAccess);
-  // A write-protected file stays protected: replacing it by a rename would bypass that.
-  if (fs::exists(target, ec) && ::access(path.c_str(), W_OK) != 0) raise(kPathFileAccess);
+  // A write-protected file stays protected: replacing it by a rename would bypass that. A file
+  // nobody may write counts as read-only even for the super-user.
+  struct stat existing {};
+  if (::stat(path.c_str(), &existing) == 0 &&
+      ((existing.st_mode & 0222) == 0 || ::access(path.c_str(), W_OK) != 0))
+    raise(kPathFileAccess);
   const fs::path dir = target.has_parent_path() ? target.parent_path() : fs::path(".");
   if (!fs::is_directory(dir, ec)) raise(kPathNotFound);
 

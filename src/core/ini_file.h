@@ -1,0 +1,55 @@
+#pragma once
+// A sectioned settings file: "[Section]" lines, then "key=value" lines. Section and key names are
+// compared without regard to case (so "modèle" and "Modèle" are one key). Other lines (comments,
+// blank lines) are kept as they stand when the file is written back. Older files in
+// Windows-1252 are read as such; the file is written in UTF-8.
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tellux {
+
+class IniFile {
+ public:
+  struct Entry {
+    std::string key;    // empty for a line kept as it stands
+    std::string value;  // the value, or the whole line kept as it stands
+  };
+  struct Section {
+    std::string name;
+    std::vector<Entry> entries;
+  };
+
+  // The program reads each value into a buffer of 50 characters, the last one its terminator.
+  static constexpr size_t kValueBuffer = 50;
+
+  static IniFile parse(std::string_view text);
+  // The file at `path`; an empty one when it is missing or cannot be read.
+  static IniFile load(const std::string& path);
+
+  // The value as it stands in the file, when the key is there.
+  std::optional<std::string> get(std::string_view section, std::string_view key) const;
+  // The value as the program reads it: the file's value or else `fallback`, cut to the
+  // characters the read buffer holds.
+  std::string read(std::string_view section, std::string_view key, std::string_view fallback) const;
+  // Sets a key, adding the section and the key at their ends when they are new. The key takes
+  // the spelling given here.
+  void set(std::string_view section, std::string_view key, std::string_view value);
+
+  const std::vector<Section>& sections() const { return sections_; }
+  std::string text() const;
+  // Writes the file whole, so that a failure leaves the old one intact; creates its folder.
+  // Raises the run-time file errors.
+  void save(const std::string& path) const;
+
+ private:
+  Section* find_section(std::string_view name);
+  const Section* find_section(std::string_view name) const;
+  std::vector<Section> sections_{Section{}};  // the first holds the lines before any section
+};
+
+// Compares two names as the settings file does: ASCII and Latin-1 letters without regard to case.
+bool same_name(std::string_view a, std::string_view b);
+
+}  // namespace tellux

@@ -1,0 +1,281 @@
+#include "app/setup_tab.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "platform/headless/recording_forms.h"
+#include "platform/headless/recording_surface.h"
+#include "platform/headless/scripted_dialogs.h"
+#include "plot/bilog_view.h"
+
+namespace tellux {
+namespace {
+
+// Dialogs that also keep the titles and start colours of the colour dialog.
+class ColourDialogs : public ScriptedDialogs {
+ public:
+  std::vector<std::pair<std::string, int>> colour_requests;
+  std::optional<int> colour(const std::string& title, int initial) override {
+    colour_requests.emplace_back(title, initial);
+    return ScriptedDialogs::colour(title, initial);
+  }
+};
+
+class SetupTabTest : public ::testing::Test {
+ protected:
+  void use_language(char letter) {
+    s.Language = {};
+    s.Language.English = letter == 'E';
+    s.Language.French = letter == 'F';
+    s.Language.Spanish = letter == 'S';
+  }
+  // A computed three-layer model on the current record, with two field points.
+  void computed_model() {
+    s.FieldCount = 2;
+    s.FieldTable(1, 1) = 1.0;
+    s.FieldTable(1, 2) = 100.0;
+    s.FieldTable(2, 1) = 100.0;
+    s.FieldTable(2, 2) = 30.0;
+    s.MaxAbHalf = 100;
+    s.LayerModel(1, 1) = 100.0;
+    s.LayerModel(1, 2) = 2.0;
+    s.LayerModel(2, 1) = 20.0;
+    s.LayerModel(2, 2) = 10.0;
+    s.LayerModel(3, 1) = 500.0;
+    s.LayerCount = 3;
+    s.ModelCurve(1, 1) = 100.0;  // the diagram holds a curve
+    s.ModelOutdated = false;
+  }
+  size_t count(const std::string& suffix) const {
+    return static_cast<size_t>(std::count_if(screen.ops.begin(), screen.ops.end(), [&](auto& op) {
+      return op.rfind("LineTo", 0) == 0 && op.size() > suffix.size() &&
+             op.compare(op.size() - suffix.size(), suffix.size(), suffix) == 0;
+    }));
+  }
+
+  SoundingState s;
+  ColourDialogs dialogs;
+  RecordingForms forms;
+  Session session{s, dialogs, forms};
+  RecordingSurface screen;
+  BilogDrawing drawing{session, BilogSurfaces{&screen, nullptr, nullptr}};
+  TextBox Text1, Text4;
+  GridModel BuildGrid{52, 8};
+  SetupTab tab{session, screen, Text1, Text4, &BuildGrid};
+};
+
+TEST_F(SetupTabTest, LoadParameterSetsTheListsFromTheExponents) {
+  s.DecadeStart = -1, s.DecadeEnd = 3, s.RhoDecadeStart = -2, s.RhoDecadeEnd = 6;
+  s.ThicknessDecimals = 2;
+  s.ShowErrorCurve = 1;
+  s.ShowModelSteps = -1;  // unticked earlier in the run
+  s.SpreadTag = "2";
+  s.HalfArray = 2;
+  use_language('F');
+  tab.Load_parameter();
+  EXPECT_EQ(s.HalfArray, 1);
+  EXPECT_EQ(tab.Combo1.Text(), "       0.1");
+  EXPECT_EQ(tab.Combo2.Text(), "    1000");
+  EXPECT_EQ(tab.Combo3.Text(), "      0.01");
+  EXPECT_EQ(tab.Combo4.Text(), "1000000");
+  EXPECT_EQ(tab.Combo5.Text(), "     Auto");
+  EXPECT_EQ(tab.Combo4.ListCount(), 6);
+  EXPECT_EQ(s.ThicknessDecimals, 0);  // Auto at each start
+  EXPECT_EQ(tab.RMSB.Value, 1);
+  EXPECT_EQ(tab.represent_modele.Value, 0);
+  EXPECT_TRUE(tab.Options.is_set(2));
+  EXPECT_EQ(s.Spread, SpreadType::Wenner);
+  EXPECT_EQ(tab.Frame8.Caption, "Choix des couleurs de résisitivité");
+  EXPECT_EQ(tab.garder_config.Caption, "Garder la configuration en sortant");
+  use_language('S');
+  tab.Load_parameter();
+  EXPECT_EQ(tab.Label5.Caption, "Decimalas espessores");
+  use_language('E');
+  tab.Load_parameter();
+  EXPECT_EQ(tab.RMSB.Caption, "Graphic representation of adjustment error");
+}
+
+TEST_F(SetupTabTest, AnExponentOutsideTheItemsLeavesTheListUnchosen) {
+  s.DecadeEnd = 7;
+  tab.Load_parameter();
+  EXPECT_EQ(tab.Combo2.ListIndex(), -1);
+  tab.Command11_Click();  // the range stays as it was
+  EXPECT_EQ(s.DecadeEnd, 7);
+}
+
+TEST_F(SetupTabTest, RedrawReadsTheRangesBackAsValuesAndExponents) {
+  tab.Load_parameter();
+  tab.Combo1.ListIndex(0);  // 0.1
+  tab.Combo2.ListIndex(2);  // 1000
+  tab.Combo3.ListIndex(0);  // 0.01
+  tab.Combo4.ListIndex(5);  // 1000000
+  tab.Combo5.ListIndex(2);
+  tab.represent_modele.Value = 0;
+  tab.garder_config.Value = 1;
+  tab.Option_Click(1);
+  tab.Command11_Click();
+  EXPECT_EQ(s.AB2min, 0);
+  EXPECT_EQ(s.DecadeStart, -1);
+  EXPECT_EQ(s.AB2max, 1000);
+  EXPECT_EQ(s.DecadeEnd, 3);
+  EXPECT_EQ(s.RHOmin, 0);
+  EXPECT_EQ(s.RhoDecadeStart, -2);
+  EXPECT_EQ(s.RHOmax, 1000000);
+  EXPECT_EQ(s.RhoDecadeEnd, 6);
+  EXPECT_EQ(s.ThicknessDecimals, 2);
+  EXPECT_EQ(s.ShowModelSteps, -1);  // not 0
+  EXPECT_EQ(s.KeepConfiguration, 1);
+  EXPECT_EQ(Text4.Text, "Dipole");
+  EXPECT_EQ(s.SpreadTag, "1");
+  EXPECT_EQ(s.Spread, SpreadType::Dipole);
+  EXPECT_EQ(BuildGrid.text(0, 1), "BN");
+  EXPECT_EQ(BuildGrid.text(0, 2), "AM");
+  EXPECT_EQ(forms.log.back(), "fill sheet");
+  EXPECT_EQ(s.WorkMode, "");
+  EXPECT_TRUE(s.ColourGrid);
+  // The frame was drawn for the new ranges.
+  EXPECT_EQ(screen.ops[3], "Scale -1.0799 6.2001 3.4000 -2.8000");
+}
+
+TEST_F(SetupTabTest, WennerHeadingsAndName) {
+  tab.Load_parameter();
+  tab.Option_Click(2);
+  tab.Command11_Click();
+  EXPECT_EQ(BuildGrid.text(0, 1), "-");
+  EXPECT_EQ(BuildGrid.text(0, 2), "a");
+  EXPECT_EQ(Text4.Text, "Wenner");
+  EXPECT_EQ(s.SpreadTag, "2");
+}
+
+TEST_F(SetupTabTest, RedrawWithoutACurveShowsTheFrameAndTheMarksAlone) {
+  s.FieldCount = 1;
+  s.FieldTable(1, 1) = 10.0;
+  s.FieldTable(1, 2) = 100.0;
+  drawing.attach();
+  tab.Load_parameter();
+  tab.Command11_Click();
+  EXPECT_EQ(screen.ops.back(), "MousePointer 2");
+  EXPECT_EQ(screen.ops[screen.ops.size() - 4].substr(0, 5), "Line ");
+  EXPECT_EQ(session.forward_runs, 0);
+}
+
+TEST_F(SetupTabTest, RedrawComputesTheCurrentModelAndKeepsItInItsSlot) {
+  computed_model();
+  s.ShowModelSteps = 1;
+  drawing.attach();
+  tab.Load_parameter();
+  tab.Command11_Click();
+  EXPECT_EQ(session.forward_runs, 1);
+  // The current model went to the slot being filled, with its count, and came back from it.
+  EXPECT_EQ(s.LayerHistory[1](2, 1).num(), 20.0);
+  EXPECT_EQ(s.HistoryCounts[1], 3);
+  EXPECT_EQ(s.LayerCount, 3);
+  // The curve in its own colour, and the staircase (drawn by the calculation and once more).
+  EXPECT_GT(count(" 255"), 20u);
+  EXPECT_EQ(count(" 16711935"), 2 * 5u);
+  EXPECT_EQ(count(" 32768"), 0u);
+}
+
+TEST_F(SetupTabTest, StoredModelsAreReplayedInTheSuperposedColourFirst) {
+  computed_model();
+  s.ShowModelSteps = 0;
+  s.SuperposeCurve = 1;
+  // Slot 1 holds an earlier two-layer model; the current one is in work.
+  s.LayerHistory[1](1, 1) = 50.0;
+  s.LayerHistory[1](1, 2) = 5.0;
+  s.LayerHistory[1](2, 1) = 200.0;
+  s.HistoryCounts[1] = 2;
+  s.HistoryLast = 1;
+  s.HistoryShown = 1;
+  drawing.attach();
+  tab.Load_parameter();
+  tab.Command11_Click();
+  EXPECT_EQ(session.forward_runs, 2);
+  EXPECT_GT(count(" 32768"), 20u);
+  EXPECT_GT(count(" 255"), 20u);
+  // The superposed curve comes first.
+  const auto first_superposed = std::find_if(screen.ops.begin(), screen.ops.end(), [](auto& op) {
+    return op.find(" 32768") != std::string::npos;
+  });
+  const auto first_own = std::find_if(screen.ops.begin(), screen.ops.end(), [](auto& op) {
+    return op.rfind("LineTo", 0) == 0 && op.find(" 255") != std::string::npos;
+  });
+  EXPECT_LT(first_superposed, first_own);
+  EXPECT_EQ(s.LayerModel(3, 1).num(), 500.0);  // the current model is back
+}
+
+TEST_F(SetupTabTest, AnOutdatedModelEndsTheSuperposition) {
+  s.SuperposeCurve = 1;
+  s.ModelOutdated = true;
+  tab.Load_parameter();
+  tab.Command11_Click();
+  EXPECT_EQ(s.SuperposeCurve, -1);
+}
+
+TEST_F(SetupTabTest, ColourButtonsKeepTheirTitlesAndPaintTheSamples) {
+  dialogs.colours = {11, 12, 13, 14, 15, 16};
+  tab.Command4_Click();
+  tab.Command5_Click();
+  tab.Command6_Click();
+  tab.Command7_Click();
+  tab.Command8_Click();
+  tab.Command12_Click();
+  const std::vector<std::pair<std::string, int>> expected = {
+      {"Tellux Curve color selection", 0},  {"Tellux Curve color selection", 0},
+      {"Tellux Model color selection", 0},  {"Tellux Error curve color selection", 0},
+      {"Tellux superposed curve color", 0}, {"Tellux Points color selection", 0}};
+  EXPECT_EQ(dialogs.colour_requests, expected);
+  EXPECT_EQ(s.PointsColour, 11);
+  EXPECT_EQ(tab.Picture2.BackColor, 11);
+  EXPECT_EQ(s.GridColour, 12);
+  EXPECT_EQ(tab.Picture3.BackColor, 12);
+  EXPECT_EQ(s.ModelColour, 13);
+  EXPECT_EQ(tab.Picture4.BackColor, 13);
+  EXPECT_EQ(s.ErrorColour, 14);
+  EXPECT_EQ(tab.Picture5.BackColor, 14);
+  EXPECT_EQ(s.SuperposedColour, 15);
+  EXPECT_EQ(tab.Text16.BackColor, 15);
+  EXPECT_EQ(s.CurveColour, 16);
+  EXPECT_EQ(tab.Picture1.BackColor, 16);
+  EXPECT_EQ(tab.Command12.Caption, "Curve color");
+  // Cancel cancels nothing: the dialog's cleared colour is taken.
+  tab.Command6_Click();
+  EXPECT_EQ(s.ModelColour, 0);
+}
+
+TEST_F(SetupTabTest, HintsAndTheColourGridQuestion) {
+  use_language('F');
+  tab.Picture4_MouseMove();
+  EXPECT_EQ(Text1.Text, "Nouveau SE ou corrections");
+  use_language('S');
+  tab.Picture5_MouseMove();
+  EXPECT_EQ(Text1.Text, "Entre nuevo fichero");
+  use_language('E');
+  tab.Picture5_MouseMove();
+  EXPECT_EQ(Text1.Text, "Enter new File");
+
+  dialogs.answers = {Answer::No, Answer::Yes};
+  AskColourGrid(session);
+  EXPECT_FALSE(s.ColourGrid);
+  AskColourGrid(session);
+  EXPECT_TRUE(s.ColourGrid);
+  ASSERT_EQ(dialogs.messages.size(), 2u);
+  EXPECT_EQ(dialogs.messages[0].text, "Do you want a color grid");
+  EXPECT_EQ(dialogs.messages[0].buttons, Buttons::YesNo);
+  EXPECT_EQ(dialogs.messages[0].icon, Icon::Question);
+  EXPECT_EQ(dialogs.messages[0].title, "Tellux 6.4");
+}
+
+TEST_F(SetupTabTest, NoDecadesOnTheAbscissaDoNotStopTheRedraw) {
+  tab.Load_parameter();
+  tab.Combo1.ListIndex(2);  // 10
+  tab.Combo2.ListIndex(0);  // 10
+  tab.Command11_Click();
+  EXPECT_EQ(s.DecadeStart, 1);
+  EXPECT_EQ(s.DecadeEnd, 1);
+  EXPECT_EQ(screen.ops.back(), "MousePointer 2");
+}
+
+}  // namespace
+}  // namespace tellux

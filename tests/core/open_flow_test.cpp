@@ -1,0 +1,222 @@
+// The open flow: the dialog, the recent-file list and its entries, the name parts, the steps
+// through the windows, and the messages of a failed read in each language.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "core/file_names.h"
+#include "core/open_flow.h"
+#include "open_test_support.h"
+
+namespace tellux {
+namespace {
+
+using test::open_data;
+using test::OpenSession;
+
+// Where `line` stands in the forms' log; -1 when it is not there.
+int position(const RecordingForms& forms, const std::string& line) {
+  const auto it = std::find(forms.log.begin(), forms.log.end(), line);
+  return it == forms.log.end() ? -1 : static_cast<int>(it - forms.log.begin());
+}
+
+TEST(ReadTx3, ShowsTheOpenDialogAndOpensTheChoice) {
+  OpenSession o;
+  const std::string path = open_data("sample.TX3");
+  o.dialogs.open_choices.push_back({path});
+  EXPECT_TRUE(Read_TX3(o.session));
+
+  ASSERT_EQ(o.dialogs.file_requests.size(), 1u);
+  const FileDialogRequest& request = o.dialogs.file_requests[0];
+  EXPECT_EQ(request.filter,
+            "Tellux 5 & 6 (*.TX3)|*.TX3|Tellux 2.2 (*.TXW)|*.TXW|Tellux 1.0 (*.TXE)|*.TXE|"
+            "TL! DOS (*.SEV)|*.SEV");
+  EXPECT_EQ(request.title, "TELLUX File selection");
+  EXPECT_EQ(request.proposed, "*.TX3");
+
+  EXPECT_EQ(o.s.FileName, "sample.TX3");
+  EXPECT_EQ(o.s.FileDir, open_data(""));
+  EXPECT_EQ(o.s.RecentFiles[1], path);
+  EXPECT_EQ(o.forms.recent_captions[1], "&1 " + path);
+  EXPECT_EQ(o.s.FieldCount, 5);
+  EXPECT_EQ(o.s.WorkMode, "NORMAL");
+  EXPECT_FALSE(o.s.FreshStart);
+  EXPECT_EQ(o.forms.log.front(), "pointer bilog 11");
+  EXPECT_EQ(o.forms.caption, "Tellux [" + path + "]");
+  EXPECT_LT(position(o.forms, "caption Tellux 6.4 [" + path + "]"),
+            position(o.forms, "caption Tellux [" + path + "]"));
+}
+
+TEST(ReadTx3, CancelChangesNothingButThePointer) {
+  OpenSession o;
+  o.s.FieldCount = 9;
+  o.s.FileName = "old.TX3";
+  o.s.ModelEverComputed = true;
+  EXPECT_FALSE(Read_TX3(o.session));
+  EXPECT_EQ(o.forms.log, (std::vector<std::string>{"pointer bilog 11", "pointer bilog 2"}));
+  EXPECT_EQ(o.s.FieldCount, 9);
+  EXPECT_EQ(o.s.FileName, "old.TX3");
+  EXPECT_TRUE(o.s.ModelEverComputed);
+  EXPECT_TRUE(o.s.RecentFiles[1].empty());
+}
+
+TEST(ReadTx3, MenuEntryClearsTheComputedMarksFirst) {
+  OpenSession o;
+  o.s.ModelEverComputed = true;
+  o.s.SetupRedrawMark = true;
+  o.s.WorkMode = "";
+  EXPECT_FALSE(NFile(o.session));
+  EXPECT_FALSE(o.s.ModelEverComputed);
+  EXPECT_FALSE(o.s.SetupRedrawMark);
+  EXPECT_EQ(o.s.WorkMode, "");
+}
+
+TEST(OpenSounding, AModelOpensTheModelWindowAfterUnloadingItThenFillsTheSheet) {
+  OpenSession o;
+  o.s.FilePath = open_data("sample.TX3");
+  open_sounding(o.session);
+  const int unload = position(o.forms, "unload model");
+  const int tab = position(o.forms, "tab 0");
+  const int show = position(o.forms, "show model");
+  const int sheet = position(o.forms, "fill sheet");
+  ASSERT_GE(unload, 0);
+  EXPECT_LT(unload, tab);
+  EXPECT_LT(tab, show);
+  EXPECT_LT(show, sheet);
+  EXPECT_EQ(sheet, static_cast<int>(o.forms.log.size()) - 1);
+
+  OpenSession bare;
+  bare.s.FilePath = open_data("nomodel.TX3");
+  open_sounding(bare.session);
+  EXPECT_EQ(bare.forms.model_window_shown, 0);
+  EXPECT_EQ(position(bare.forms, "tab 0"), -1);
+  EXPECT_GE(position(bare.forms, "unload model"), 0);
+  EXPECT_EQ(bare.forms.log.back(), "fill sheet");
+}
+
+TEST(OpenSounding, EmptiesTheFieldTableButKeepsTheLargestSpacingOfATx3) {
+  OpenSession o;
+  o.s.FieldCount = 40;
+  o.s.FieldTable(30, 1) = 500.0;
+  o.s.MaxAbHalf = 500;
+  o.s.CommentText = "previous";
+  o.s.ModelEverComputed = true;
+  o.s.FilePath = open_data("nomodel.TX3");
+  open_sounding(o.session);
+  EXPECT_EQ(o.s.FieldCount, 2);
+  EXPECT_TRUE(o.s.FieldTable(30, 1).empty());
+  EXPECT_EQ(o.s.MaxAbHalf, 500);  // the TX3 reader never lowers it
+  EXPECT_EQ(o.s.CommentText, "");
+  EXPECT_FALSE(o.s.ModelEverComputed);
+
+  // The older readers start again from 1.
+  o.s.FilePath = open_data("sample.TXE");
+  open_sounding(o.session);
+  EXPECT_EQ(o.s.MaxAbHalf, 25);
+}
+
+TEST(RecentFiles, OpeningTheFirstEntryKeepsTheListButReloads) {
+  OpenSession o;
+  const std::string first = open_data("sample.TX3");
+  o.s.RecentFiles = {"", first, "b", "c", "d", "e"};
+  o.s.FieldCount = 0;
+  o.s.FieldTable.erase();
+  open_recent(o.session, 1);
+  EXPECT_EQ(o.s.RecentFiles, (std::array<std::string, 6>{"", first, "b", "c", "d", "e"}));
+  for (const auto& line : o.forms.log) EXPECT_NE(line.rfind("recent", 0), 0u) << line;
+  EXPECT_EQ(o.s.FieldCount, 5);
+  EXPECT_EQ(o.s.FieldTable(5, 1).num(), 25.0);
+  EXPECT_EQ(o.s.FileName, "sample.TX3");
+}
+
+TEST(RecentFiles, OpeningTheThirdEntersItAgainAtTheTop) {
+  OpenSession o;
+  const std::string third = open_data("sample.TXW");
+  o.s.RecentFiles = {"", "a", "b", third, "d", "e"};
+  open_recent(o.session, 3);
+  EXPECT_EQ(o.s.RecentFiles, (std::array<std::string, 6>{"", third, "a", "b", third, "d"}));
+  EXPECT_EQ(o.forms.recent_captions[1], "&1 " + third);
+  EXPECT_EQ(o.forms.recent_captions[4], "&4 " + third);
+  EXPECT_EQ(o.forms.recent_captions[5], "&5 d");
+  EXPECT_EQ(o.s.FieldCount, 5);
+  EXPECT_EQ(o.s.FileName, "sample.TX3");  // a TXW is renamed; the list keeps the TXW path
+}
+
+TEST(RecentFiles, AnEmptyEntryEndsInTheReadersMessage) {
+  OpenSession o;
+  o.s.RecentFiles = {"", "a", "", "", "", ""};
+  open_recent(o.session, 2);
+  EXPECT_EQ(o.dialogs.texts(), std::vector<std::string>{"First, select a SEV File... "});
+  EXPECT_EQ(o.s.RecentFiles[1], "");
+  EXPECT_EQ(o.s.RecentFiles[2], "a");
+}
+
+TEST(RecentFiles, LoadLastFileOpensEntryOne) {
+  OpenSession o;
+  o.s.RecentFiles[1] = open_data("sample.SEV");
+  load_last_file(o.session);
+  EXPECT_TRUE(o.dialogs.messages.empty());
+  EXPECT_EQ(o.s.FileName, "sample.TX3");
+  EXPECT_EQ(o.s.FileDir, open_data(""));
+  EXPECT_EQ(o.s.RecentFiles[1], open_data("sample.SEV"));
+  EXPECT_EQ(o.s.FieldCount, 5);
+}
+
+TEST(FileNames, TheNameIsCutAfterTheLastSeparatorOfEitherKind) {
+  EXPECT_EQ(name_after_last_separator("C:\\Tellux\\data/a.TX3"), "a.TX3");
+  EXPECT_EQ(name_after_last_separator("/home/u/soundings\\b.TXE"), "b.TXE");
+  // Without a separator the first character goes: the flow has always cut so.
+  EXPECT_EQ(name_after_last_separator("sample.TX3"), "ample.TX3");
+  EXPECT_EQ(name_after_last_separator(""), "");
+  EXPECT_EQ(bare_name("sample.TX3"), "sample.TX3");
+}
+
+TEST(OpenSounding, BackslashPathsAreCutAndRenamed) {
+  OpenSession o;
+  o.s.FilePath = "D:\\Campagne 1989\\SE12.SEV";
+  open_sounding(o.session);
+  EXPECT_EQ(o.s.FileName, "SE12.TX3");
+  EXPECT_EQ(o.s.FilePath, "D:\\Campagne 1989\\SE12.TX3");
+  EXPECT_EQ(o.s.FileDir, "D:\\Campagne 1989\\");
+
+  OpenSession bare;
+  bare.s.FilePath = "xSE12.SEV";
+  open_sounding(bare.session);
+  EXPECT_EQ(bare.s.FileName, "SE12.TX3");
+  EXPECT_EQ(bare.s.FileDir, "x");
+  EXPECT_TRUE(bare.dialogs.messages.empty());
+}
+
+TEST(OpenSounding, ReadErrorsSpeakTheLanguageInForceAndGermanShowsEnglish) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"F", "Erreur lors de la lecture du fichier..."},
+      {"S", "Error al leer fichero..."},
+      {"E", "Reading File Error..."},
+      {"A", "Reading File Error..."},
+  };
+  for (const auto& [letter, text] : cases) {
+    OpenSession o;
+    o.speak(letter);
+    o.s.FilePath = open_data("lower.sev");
+    open_sounding(o.session);
+    EXPECT_EQ(o.dialogs.texts(), std::vector<std::string>{text}) << letter;
+  }
+}
+
+TEST(OpenSounding, EmptyPathAsksForAFileInEachLanguage) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"F", "Sélectionnez d'abord un fichier "},
+      {"S", "Primero, seleccione un fichero... "},
+      {"E", "First, select a SEV File... "},
+      {"A", "First, select a SEV File... "},
+  };
+  for (const auto& [letter, text] : cases) {
+    OpenSession o;
+    o.speak(letter);
+    open_sounding(o.session);
+    EXPECT_EQ(o.dialogs.texts(), std::vector<std::string>{text}) << letter;
+  }
+}
+
+}  // namespace
+}  // namespace tellux

@@ -1,0 +1,360 @@
+#include "core/sounding_file.h"
+
+#include <filesystem>
+
+#include "session_fixture.h"
+
+namespace tellux {
+namespace {
+
+using testing::SessionTest;
+
+// Three layers of 12 field rows; seven strings.
+std::string twelve_rows_tx3() {
+  std::string f = "12.5\r\n";
+  const int ab[12] = {10, 15, 20, 30, 40, 50, 70, 100, 150, 200, 300, 400};
+  for (int i = 0; i < 12; ++i)
+    f += std::to_string(ab[i] * 10) + "," + std::to_string(10000 + i * 150) + ",50,1234,4320,100\r\n";
+  f += "10000,200,0\r\n5000,1000,200\r\n20000,0,1200\r\n";
+  for (int r = 4; r <= 20; ++r) f += "0,0,0\r\n";
+  f += "\"comment\"\r\n\"\"\r\n\"title\"\r\n\"1000\"\r\n\"2000\"\r\n\"350\"\r\n\"45\"\r\n";
+  return f;
+}
+
+class SoundingFileTest : public SessionTest {
+ protected:
+  bool open(const std::string& name, int16_t level = 3) {
+    s.FileName = name;
+    s.FilePath = path(name);
+    s.FormatLevel = level;
+    return read_sounding_file(session, s.FilePath);
+  }
+};
+
+TEST_F(SoundingFileTest, ReadsTheCurrentLayoutWithItsScales) {
+  write("a.TX3", twelve_rows_tx3());
+  ASSERT_TRUE(open("a.TX3"));
+  EXPECT_TRUE(dialogs.messages.empty());
+  EXPECT_EQ(s.FormatLevel, 5);
+  EXPECT_EQ(s.ResistScale, 100);
+  EXPECT_EQ(s.FieldCount, 12);
+  EXPECT_FLOAT_EQ(s.FieldTable(1, 1), 10.0f);
+  EXPECT_FLOAT_EQ(s.FieldTable(2, 1), 15.0f);
+  EXPECT_FLOAT_EQ(s.FieldTable(2, 2), 101.5f);
+  EXPECT_FLOAT_EQ(s.FieldTable(2, 3), 0.5f);
+  EXPECT_FLOAT_EQ(s.FieldTable(2, 4), 123.4f);
+  EXPECT_FLOAT_EQ(s.FieldTable(2, 5), 43.2f);
+  EXPECT_FLOAT_EQ(s.FieldTable(2, 6), 100.0f);
+  EXPECT_EQ(s.FieldTable(2, 7).num(), s.FieldTable(2, 2).num());
+  EXPECT_EQ(s.FieldTable(2, 1).kind(), rt::Kind::Single);
+  EXPECT_EQ(s.MaxAbHalf, 400);
+  EXPECT_DOUBLE_EQ(s.LayerModel(2, 1), 50.0);
+  EXPECT_DOUBLE_EQ(s.LayerModel(2, 2), 10.0);
+  EXPECT_DOUBLE_EQ(s.LayerModel(3, 3), 12.0);
+  EXPECT_EQ(s.CommentText, "comment");
+  EXPECT_EQ(s.GraphTitle, "title");
+  EXPECT_EQ(s.LocationAzimuth, "45");
+  EXPECT_TRUE(s.ModelOutdated);
+  EXPECT_EQ(s.ModelComputed, 0);
+  EXPECT_DOUBLE_EQ(s.ModelSensitivity, 0.3);
+}
+
+TEST_F(SoundingFileTest, OlderLayoutsDivideByTheirOwnScales) {
+  // No fraction, named TX3: level 3, resistivity and MN/2 by 10.
+  std::string no_layers;
+  for (int r = 1; r <= 20; ++r) no_layers += "0,0,0\r\n";
+  write("b.TX3", "1\r\n100,1000,50,100,500,10\r\n" + no_layers);
+  open("b.TX3");
+  EXPECT_EQ(s.FormatLevel, 3);
+  EXPECT_FLOAT_EQ(s.FieldTable(1, 2), 100.0f);
+  EXPECT_FLOAT_EQ(s.FieldTable(1, 3), 5.0f);
+  EXPECT_EQ(s.ResistScale, 10);
+  // Another fraction: MN/2 by 100, the rest as level 3.
+  write("c.TX3", "1.3\r\n100,1000,50,100,500,10\r\n" + no_layers);
+  open("c.TX3");
+  EXPECT_EQ(s.FormatLevel, 3);
+  EXPECT_FLOAT_EQ(s.FieldTable(1, 2), 100.0f);
+  EXPECT_FLOAT_EQ(s.FieldTable(1, 3), 0.5f);
+  // TXW: DeltaV by 1000, I by 100, resistivity as it stands, ten layer rows.
+  std::string txw = "1\r\n100,1000,50,100,500,10\r\n";
+  for (int r = 1; r <= 10; ++r) txw += std::to_string(r * 10) + ",100,0\r\n";
+  txw += "\"only comment\"\r\n";
+  write("d.TXW", txw);
+  s.LayerModel(11, 1) = 99.0;
+  open("d.TXW", 2);
+  EXPECT_EQ(s.FormatLevel, 2);
+  EXPECT_FLOAT_EQ(s.FieldTable(1, 2), 1000.0f);
+  EXPECT_FLOAT_EQ(s.FieldTable(1, 4), 0.1f);
+  EXPECT_FLOAT_EQ(s.FieldTable(1, 6), 0.1f);
+  EXPECT_DOUBLE_EQ(s.LayerModel(10, 1), 100.0);
+  EXPECT_TRUE(s.LayerModel(11, 1).empty());  // rows 11 to 20 stay empty
+  EXPECT_EQ(s.CommentText, "only comment");
+  EXPECT_EQ(s.GraphTitle, "");
+  // Files that end early carry no message.
+  EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(SoundingFileTest, AnEmptySoundingHasOnlyItsVersionMark) {
+  s.FileName = "e.TX3";
+  s.WorkMode = mode::kFile;
+  std::string p = path("e.TX3");
+  ASSERT_TRUE(write_sounding_file(session, p));
+  const std::string text = read("e.TX3");
+  EXPECT_EQ(text.substr(0, 4), ".5\r\n");
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1 + 20 + 7);
+  s.FieldCount = 9;
+  open("e.TX3");
+  EXPECT_EQ(s.FieldCount, 0);
+  EXPECT_EQ(s.FormatLevel, 5);
+}
+
+TEST_F(SoundingFileTest, SplicesAndHalfArraysAreRecognised) {
+  // Rows 2 and 3 repeat AB/2 and resistivity: an adjusted splice.
+  write("s.TX3", "3.5\r\n100,5000,50,0,0,0\r\n200,6000,50,0,0,0\r\n200,6000,200,0,0,0\r\n");
+  open("s.TX3");
+  EXPECT_EQ(s.ShiftCurves, 1);
+  // Same AB/2, different resistivity: no splice mark.
+  write("t.TX3", "3.5\r\n100,5000,50,0,0,0\r\n200,6000,50,0,0,0\r\n200,6500,200,0,0,0\r\n");
+  open("t.TX3");
+  EXPECT_EQ(s.ShiftCurves, 0);
+  // AB/2 10, MN/2 1: full K = 3.1416 * 99/2 = 155.5; DeltaV 100 mV, I 100 mA: 155.5 ohm.m full,
+  // twice that on a half array.
+  write("h.TX3", "1.5\r\n100,31100,100,1000,31100,100\r\n");
+  open("h.TX3");
+  EXPECT_EQ(s.HalfArray, 2);
+  write("f.TX3", "1.5\r\n100,15550,100,1000,15550,100\r\n");
+  open("f.TX3");
+  EXPECT_EQ(s.HalfArray, 1);
+}
+
+TEST_F(SoundingFileTest, EachReadKeepsThePreviousModelAndNeverLowersMaxAbHalf) {
+  write("a.TX3", twelve_rows_tx3());
+  write("short.TX3", "1.5\r\n20,1000,0,0,0,0\r\n");
+  s.LayerModel(1, 1) = 7.0;
+  s.LayerModel(1, 2) = 3.0;
+  s.LayerCount = 1;
+  open("a.TX3");
+  EXPECT_EQ(s.HistoryLast, 1);
+  EXPECT_EQ(s.HistoryShown, 1);
+  EXPECT_DOUBLE_EQ(s.LayerHistory[1](1, 1), 7.0);
+  EXPECT_DOUBLE_EQ(s.LayerHistory[1](1, 2), 3.0);
+  EXPECT_EQ(s.HistoryCounts[1], 1);
+  EXPECT_EQ(s.OverlayHold, 1);
+  open("short.TX3");
+  EXPECT_EQ(s.MaxAbHalf, 400);  // the longer sounding's spacing stands until the next Compute
+  EXPECT_DOUBLE_EQ(s.LayerHistory[2](2, 1), 50.0);
+  s.HistoryLast = 20;
+  open("short.TX3");
+  EXPECT_EQ(s.HistoryLast, 20);  // the last slot is overwritten
+}
+
+TEST_F(SoundingFileTest, DamagedFilesKeepWhatWasReadAndSayReadingFileError) {
+  struct Case {
+    const char* name;
+    std::string content;
+    int rows_kept;
+  };
+  std::string too_many = "52.5\r\n";
+  for (int i = 1; i <= 52; ++i) too_many += std::to_string(i * 10) + ",1000,0,0,0,0\r\n";
+  const Case cases[] = {
+      {"truncated.TX3", "3.5\r\n10,1000,0,0,0,0\r\n20,1100,0", 1},
+      {"toomany.TX3", too_many, 51},
+      {"letters.TX3", "2.5\r\n10,1000,0,0,0,0\r\n20,1x00,0,0,0,0\r\n", 1},
+      {"empty.TX3", "", 0},
+      {"layers.TX3", "1.5\r\n10,1000,0,0,0,0\r\n100,abc,0\r\n", 1},
+  };
+  for (const Case& c : cases) {
+    dialogs.messages.clear();
+    s.FieldTable.erase();
+    write(c.name, c.content);
+    EXPECT_FALSE(open(c.name)) << c.name;
+    ASSERT_EQ(dialogs.messages.size(), 1u) << c.name;
+    EXPECT_EQ(dialogs.messages[0].text, "Reading File Error...");
+    EXPECT_EQ(dialogs.messages[0].icon, Icon::Exclamation);
+    EXPECT_EQ(dialogs.messages[0].title, "Tellux 6.4");
+    EXPECT_TRUE(s.ModelOutdated);
+    for (int i = 1; i <= c.rows_kept; ++i) EXPECT_GT(s.FieldTable(i, 1).num(), 0) << c.name << i;
+  }
+  EXPECT_EQ(s.FieldCount, 1);  // the last case's first line
+}
+
+TEST_F(SoundingFileTest, ReadMessagesFollowTheLanguageAndGermanShowsEnglish) {
+  const std::pair<char, const char*> expected[] = {{'F', "Erreur lors de la lecture du fichier..."},
+                                                   {'S', "Error al leer fichero..."},
+                                                   {'E', "Reading File Error..."},
+                                                   {'A', "Reading File Error..."}};
+  write("bad.TX3", "x");
+  for (auto [letter, text] : expected) {
+    use_language(letter);
+    dialogs.messages.clear();
+    open("bad.TX3");
+    ASSERT_EQ(dialogs.texts().size(), 1u);
+    EXPECT_EQ(dialogs.texts()[0], text) << letter;
+  }
+  use_language('A');
+  dialogs.messages.clear();
+  s.FileName.clear();
+  read_sounding_file(session, s.FilePath);
+  EXPECT_EQ(dialogs.texts().at(0), "First, select a SEV File... ");
+}
+
+class WriteTest : public SessionTest {
+ protected:
+  void SetUp() override {
+    SessionTest::SetUp();
+    s.FieldCount = 2;
+    s.FieldTable(1, 1) = 1.5f;
+    s.FieldTable(1, 2) = 123.456f;
+    s.FieldTable(1, 3) = 0.5f;
+    s.FieldTable(1, 4) = 12.34f;
+    s.FieldTable(1, 5) = 123456.78;  // K above 99999.99 loses its last digits
+    s.FieldTable(1, 6) = 12.5;       // stored as 12: ties go to the even neighbour
+    s.FieldTable(2, 1) = 3.0;
+    s.FieldTable(2, 2) = 0.5;
+    s.FieldTable(2, 6) = 13.5;  // stored as 14
+    s.LayerModel(1, 1) = 100.0;
+    s.LayerModel(1, 2) = 2.5;
+    s.LayerModel(2, 1) = 10.004;
+    s.CommentText = "été";
+    s.DataOrigin = "PASI";
+    s.LocationX = "12.5";
+    s.FileName = "old.TX3";
+  }
+};
+
+TEST_F(WriteTest, WritesTheFormatAndReadsBackTheSameRecord) {
+  s.WorkMode = mode::kFile;
+  std::string p = path("w.TX3");
+  ASSERT_TRUE(write_sounding_file(session, p));
+  EXPECT_TRUE(dialogs.messages.empty());  // no question in batch work
+  const std::string text = read("w.TX3");
+  EXPECT_EQ(text.substr(0, 77),
+            "2.5\r\n15,12346,50,123,1.234568E+07,12\r\n30,50,0,0,0,14\r\n10000,250,0\r\n1000,0,0\r\n");
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1 + 2 + 20 + 7);
+  EXPECT_NE(text.find("\r\n\"été\"\r\n\"PASI\"\r\n\"\"\r\n\"12.5\"\r\n"), std::string::npos);
+
+  SoundingState back;
+  Session other{back, dialogs, forms};
+  back.FileName = "w.TX3";
+  read_sounding_file(other, p);
+  EXPECT_FLOAT_EQ(back.FieldTable(1, 1), 1.5f);
+  EXPECT_FLOAT_EQ(back.FieldTable(1, 2), 123.46f);
+  EXPECT_FLOAT_EQ(back.FieldTable(1, 5), 123456.8f);
+  EXPECT_FLOAT_EQ(back.FieldTable(1, 6), 12.f);
+  EXPECT_FLOAT_EQ(back.FieldTable(2, 6), 14.f);
+  EXPECT_DOUBLE_EQ(back.LayerModel(2, 1), 10.0);
+  EXPECT_DOUBLE_EQ(back.LayerModel(1, 2), 2.5);
+  EXPECT_EQ(back.CommentText, "été");
+  EXPECT_EQ(back.DataOrigin, "PASI");
+  // The writer's own results: caption, mode at rest, the recent-file head.
+  EXPECT_EQ(forms.caption, "Tellux [" + p + "]");
+  EXPECT_EQ(s.WorkMode, "");
+  EXPECT_EQ(s.RecentFiles[1], p);
+  EXPECT_EQ(forms.recent_captions[1], "&1 " + p);
+}
+
+TEST_F(WriteTest, AsksFirstAndOffersTheDialogOnNo) {
+  std::string p = path("old.TX3");
+  dialogs.answers = {Answer::No};
+  dialogs.save_choices = {path("renamed.dat")};
+  ASSERT_TRUE(write_sounding_file(session, p));
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_EQ(dialogs.messages[0].text, "Recording File " + path("old.TX3"));
+  EXPECT_EQ(dialogs.messages[0].buttons, Buttons::YesNo);
+  EXPECT_EQ(dialogs.messages[0].icon, Icon::Question);
+  ASSERT_EQ(dialogs.file_requests.size(), 1u);
+  EXPECT_EQ(dialogs.file_requests[0].filter, "File Tellux (*.TX3)|*.TX3");
+  EXPECT_EQ(dialogs.file_requests[0].title, "Record TELLUX File");
+  EXPECT_TRUE(dialogs.file_requests[0].overwrite_prompt);
+  EXPECT_EQ(p, path("renamed.TX3"));
+  EXPECT_EQ(s.FileName, "renamed.TX3");
+  EXPECT_EQ(s.FileDir, (dir_ / "").string());
+  EXPECT_TRUE(std::filesystem::exists(path("renamed.TX3")));
+  EXPECT_FALSE(std::filesystem::exists(path("renamed.dat")));
+}
+
+TEST_F(WriteTest, TheDialogsNameRules) {
+  const std::pair<const char*, const char*> names[] = {
+      {"plain", "plain.TX3"}, {"two.points.txt", "two.TX3"}, {"x.tx3", "x.TX3"}};
+  for (auto [typed, saved] : names) {
+    s.FileName = "NEW";  // a typed sounding goes straight to the dialog
+    dialogs.save_choices = {path(typed)};
+    std::string p;
+    ASSERT_TRUE(write_sounding_file(session, p));
+    EXPECT_EQ(s.FileName, saved);
+    EXPECT_EQ(p, path(saved));
+  }
+  EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(WriteTest, CancelWritesNothing) {
+  s.FileName = "";
+  s.WorkMode = mode::kNormal;
+  std::string p = path("never.TX3");
+  EXPECT_FALSE(write_sounding_file(session, p));
+  EXPECT_EQ(s.WorkMode, "");
+  EXPECT_FALSE(std::filesystem::exists(p));
+}
+
+TEST_F(WriteTest, AFailedWriteStartsAgainAndKeepsTheOldFile) {
+  std::string p = path("missing/x.TX3");
+  dialogs.answers = {Answer::Yes, Answer::No};
+  dialogs.save_choices = {path("good.TX3")};
+  ASSERT_TRUE(write_sounding_file(session, p));
+  const auto texts = dialogs.texts();
+  ASSERT_EQ(texts.size(), 3u);
+  EXPECT_EQ(texts[0], "Recording File " + path("missing/x.TX3"));
+  EXPECT_EQ(texts[1], "No such disk or directory...");
+  EXPECT_EQ(texts[2], "Recording File " + path("missing/x.TX3"));
+  EXPECT_EQ(p, path("good.TX3"));
+
+  // A write-protected file: its message, and its content untouched.
+  const std::string protected_path = write("ro.TX3", "old content");
+  std::filesystem::permissions(protected_path, std::filesystem::perms::owner_read);
+  dialogs.messages.clear();
+  use_language('F');
+  p = protected_path;
+  dialogs.answers = {Answer::Yes, Answer::No};
+  EXPECT_FALSE(write_sounding_file(session, p));  // the dialog is cancelled
+  EXPECT_EQ(dialogs.texts().at(1), "Fichier démo protégé en écriture...");
+  EXPECT_EQ(read("ro.TX3"), "old content");
+}
+
+TEST_F(WriteTest, AnOverflowingValueIsARecordingErrorAndBatchWorkCannotLoop) {
+  s.FieldTable(1, 5) = 1e9;  // x 100 is beyond 32 bits
+  s.WorkMode = mode::kFile;
+  use_language('S');
+  write("keep.TX3", "old");
+  std::string p = path("keep.TX3");
+  EXPECT_FALSE(write_sounding_file(session, p));
+  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Error al salvar fichero..."});
+  EXPECT_EQ(read("keep.TX3"), "old");
+}
+
+TEST_F(SoundingFileTest, ShiftedValuesAreWhatASavedFileKeeps) {
+  s.FieldCount = 1;
+  s.FieldTable(1, 1) = 10.f;
+  s.FieldTable(1, 2) = 200.f;  // shifted
+  s.FieldTable(1, 7) = 100.f;  // measured
+  s.FileName = "shift.TX3";
+  s.WorkMode = mode::kFile;
+  std::string p = path("shift.TX3");
+  write_sounding_file(session, p);
+  open("shift.TX3");
+  EXPECT_FLOAT_EQ(s.FieldTable(1, 7), 200.f);
+}
+
+TEST_F(SoundingFileTest, CalculTx3GoesToTheSheetOrAsksForAFile) {
+  s.FileName = "a.TX3";
+  Calcul_TX3(session);
+  EXPECT_EQ(forms.tab, 1);
+  EXPECT_EQ(s.WorkMode, "NORMAL");
+  s.FileName.clear();
+  use_language('F');
+  Calcul_TX3(session);
+  EXPECT_EQ(dialogs.texts().at(0),
+            "Vous devez d'abord sélectionner un fichier ou entrer des données terrains");
+}
+
+}  // namespace
+}  // namespace tellux

@@ -1,0 +1,211 @@
+#include "model/automatic_model.h"
+
+#include <cmath>
+
+#include "session_fixture.h"
+
+namespace tellux {
+namespace {
+
+class AutomaticModelTest : public testing::SessionTest {
+ protected:
+  void SetUp() override {
+    SessionTest::SetUp();
+    s.WorkMode = mode::kNormal;
+    s.ModelSensitivity = 0.3;
+  }
+  void field(std::initializer_list<std::pair<double, double>> rows) {
+    s.FieldTable.erase();
+    int i = 0;
+    for (auto [ab, rho] : rows) {
+      ++i;
+      s.FieldTable(i, 1) = static_cast<float>(ab);
+      s.FieldTable(i, 2) = static_cast<float>(rho);
+    }
+    s.FieldCount = static_cast<int16_t>(i);
+  }
+  // Points one decade apart from AB/2 = 1 whose log-log slopes are the given ones.
+  void field_with_slopes(double rho1, std::initializer_list<double> slopes) {
+    s.FieldTable.erase();
+    int i = 1;
+    double ab = 1, rho = rho1;
+    s.FieldTable(1, 1) = static_cast<float>(ab);
+    s.FieldTable(1, 2) = static_cast<float>(rho);
+    for (double slope : slopes) {
+      ++i;
+      ab *= 10;
+      rho *= std::pow(10.0, slope);
+      s.FieldTable(i, 1) = static_cast<float>(ab);
+      s.FieldTable(i, 2) = static_cast<float>(rho);
+    }
+    s.FieldCount = static_cast<int16_t>(i);
+  }
+  double rho(int n) const { return s.LayerModel(n, 1).num(); }
+  double h(int n) const { return s.LayerModel(n, 2).num(); }
+  float F(int r, int c) const { return static_cast<float>(s.FieldTable(r, c).num()); }
+};
+
+TEST_F(AutomaticModelTest, TwoEqualFieldRowsGiveOneLayerWithoutThickness) {
+  field({{1, 100}, {10, 100}});
+  AutomaticModel(session);
+  EXPECT_EQ(s.LayerCount, 1);
+  EXPECT_EQ(rho(1), 100);
+  EXPECT_EQ(h(1), 0);
+  EXPECT_EQ(s.WorkMode, "AUTOMATIC");
+  EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(AutomaticModelTest, TwoDifferentFieldRowsAddALastLayerPushedByTheSlope) {
+  field({{1, 100}, {10, 300}});
+  AutomaticModel(session);
+  ASSERT_EQ(s.LayerCount, 2);
+  // slope = ln 3 / (ln 10 - ln 1.001) = 0.47732; p = 6.43196; Int(p x 300 / 5) = 385.
+  EXPECT_FLOAT_EQ(s.FieldSlopes[1],
+                  static_cast<float>(std::log(3.0) / (std::log(10.0) - std::log(1.001))));
+  EXPECT_EQ(rho(1), 100);
+  EXPECT_EQ(h(1), 1);
+  EXPECT_EQ(rho(2), 385);
+  EXPECT_EQ(h(2), 0);  // the half space
+}
+
+TEST_F(AutomaticModelTest, AConstantCurveGivesOneLayer) {
+  field({{1, 50}, {2, 50}, {5, 50}, {10, 50}, {20, 50}, {50, 50}});
+  AutomaticModel(session);
+  EXPECT_EQ(s.LayerCount, 1);
+  EXPECT_EQ(rho(1), 50);
+  EXPECT_EQ(h(1), 0);
+  EXPECT_EQ(rho(2), 0);
+}
+
+TEST_F(AutomaticModelTest, AFlatSpotWithATurnOpensALayerAtEightTenthsOfItsSpacing) {
+  // Rising, flat, falling: the slope magnitude has its minimum at the second slope and its sign
+  // turns.
+  field_with_slopes(100, {0.6, 0.05, -0.6, -0.6});
+  AutomaticModel(session);
+  ASSERT_EQ(s.LayerCount, 3);
+  EXPECT_DOUBLE_EQ(rho(2), F(2, 2));
+  EXPECT_DOUBLE_EQ(h(2), std::fabs(0.8 * 10 - 1));
+  // The last point lies far below layer 2: a last layer is added, the half space.
+  EXPECT_EQ(h(3), 0);
+  const float p = static_cast<float>(s.FieldSlopes[4] * 3.0 + 5.0);
+  EXPECT_EQ(rho(3), std::floor(p * s.FieldTable(5, 2).num() / 5.0));
+}
+
+TEST_F(AutomaticModelTest, TheSensitivityDecidesWhetherAJumpOpensALayer) {
+  // At the third point the slopes go 0.5, 0.1, 0.4: a flat spot with a jump of about 0.1.
+  field_with_slopes(100, {0.5, 0.1, 0.4});
+  AutomaticModel(session);
+  EXPECT_EQ(s.LayerCount, 2);  // the first layer and the last one
+
+  s.ModelSensitivity = 0.03;  // the slider at its low end
+  AutomaticModel(session);
+  ASSERT_EQ(s.LayerCount, 3);
+  EXPECT_DOUBLE_EQ(rho(2), F(2, 2));
+  EXPECT_DOUBLE_EQ(h(2), 7);
+}
+
+TEST_F(AutomaticModelTest, ASpliceShiftsTheSlopesAndOpensNoLayerThere) {
+  field({{1, 100}, {10, 200}, {20, 210}, {20, 190}, {40, 100}, {80, 50}});
+  AutomaticModel(session);
+  EXPECT_TRUE(dialogs.messages.empty());  // no division by the zero spacing difference
+  const float s1 = s.FieldSlopes[1];
+  const float s2 = static_cast<float>(std::log(210.0 / 200.0) / std::log(20.0 / 10.0));
+  // At i = 3 (rows 3 and 4 share AB/2) slope 3 takes slope 2, and slope 2 takes slope 1.
+  EXPECT_FLOAT_EQ(s.FieldSlopes[2], s1);
+  EXPECT_FLOAT_EQ(s.FieldSlopes[3], s2);
+  EXPECT_FLOAT_EQ(s.FieldSlopes[4], static_cast<float>(std::log(100.0 / 190.0) / std::log(2.0)));
+  EXPECT_EQ(s.WorkMode, "AUTOMATIC");
+}
+
+TEST_F(AutomaticModelTest, WennerTriplesTheThicknesses) {
+  field_with_slopes(100, {0.6, 0.05, -0.6, -0.6});
+  AutomaticModel(session);
+  const LayerTableT schlumberger = s.LayerModel;
+  const int count = s.LayerCount;
+
+  s.Spread = SpreadType::Wenner;
+  AutomaticModel(session);
+  ASSERT_EQ(s.LayerCount, count);  // the slopes do not depend on the array
+  EXPECT_EQ(h(1), 3 * schlumberger(1, 2).num());
+  // A new layer's thickness is measured from the (tripled) thickness above it, then tripled.
+  EXPECT_DOUBLE_EQ(h(2), 3 * std::fabs(0.8 * 10 - h(1)));
+  for (int n = 1; n <= count; ++n) EXPECT_EQ(rho(n), schlumberger(n, 1).num());
+}
+
+TEST_F(AutomaticModelTest, TheModelIsOverwrittenAndTheLocksCleared) {
+  for (int r = 1; r <= 20; ++r) {
+    s.LayerModel(r, 1) = 7.0;
+    s.LayerModel(r, 2) = 3.0;
+    s.LayerLocks[r] = 3;
+  }
+  field({{1, 100}, {10, 100}});
+  AutomaticModel(session);
+  for (int r = 1; r <= 20; ++r) EXPECT_EQ(s.LayerLocks[r], 0);
+  EXPECT_EQ(rho(2), 0);
+  EXPECT_EQ(h(20), 0);
+}
+
+TEST_F(AutomaticModelTest, PointersGoBusyThenReady) {
+  field({{1, 100}, {10, 100}});
+  AutomaticModel(session);
+  const std::vector<std::string> expected = {"pointer bilog 11", "pointer form 11",
+                                             "pointer bilog 2", "pointer form 1"};
+  EXPECT_EQ(forms.log, expected);
+}
+
+TEST_F(AutomaticModelTest, AZeroFieldValueStopsTheBuildWithTheLanguagesMessage) {
+  const std::pair<char, const char*> cases[] = {
+      {'F', "Création du modèle automatique impossible..."},
+      {'S', "Creación automática del modelo imposible..."},
+      {'E', "Automatic model impossible..."},
+      {'A', "Automatic model impossible..."}};
+  for (auto [language, text] : cases) {
+    use_language(language);
+    dialogs.messages.clear();
+    forms.log.clear();
+    s.WorkMode = mode::kNormal;
+    field({{1, 100}, {10, 200}, {20, 0}, {40, 100}});
+    AutomaticModel(session);
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].text, text);
+    EXPECT_EQ(dialogs.messages[0].icon, Icon::Exclamation);
+    EXPECT_EQ(dialogs.messages[0].title, "Tellux 6.4");
+    EXPECT_EQ(s.WorkMode, "NORMAL");  // unchanged
+    EXPECT_EQ(rho(1), 100);           // the first layer was written and stays
+    EXPECT_EQ(forms.log.back(), "pointer form 1");
+  }
+}
+
+TEST_F(AutomaticModelTest, AFirstSpacingOfZeroIsGuarded) {
+  field({{0, 100}, {10, 100}, {20, 100}});
+  AutomaticModel(session);
+  EXPECT_TRUE(dialogs.messages.empty());
+  EXPECT_EQ(s.LayerCount, 1);
+}
+
+TEST_F(AutomaticModelTest, TooFewFieldRowsFail) {
+  field({{1, 100}});
+  AutomaticModel(session);
+  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Automatic model impossible..."});
+}
+
+TEST_F(AutomaticModelTest, ATwentySecondLayerIsASubscriptError) {
+  // A zigzag whose slopes go 0.8, 0.1, -0.8, -0.1, ...: every second slope is a flat turn.
+  s.FieldTable.erase();
+  double value = 100;
+  const double slopes[] = {0.8, 0.1, -0.8, -0.1};
+  s.FieldCount = 50;
+  for (int i = 1; i <= 50; ++i) {
+    s.FieldTable(i, 1) = static_cast<float>(std::pow(10.0, (i - 1) * 0.1));
+    s.FieldTable(i, 2) = static_cast<float>(value);
+    value *= std::pow(10.0, slopes[(i - 1) % 4] * 0.1);
+  }
+  AutomaticModel(session);
+  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Automatic model impossible..."});
+  EXPECT_EQ(s.LayerCount, 22);
+  EXPECT_GT(rho(21), 0);  // the rows written before the failure stay
+  EXPECT_EQ(s.WorkMode, "NORMAL");
+}
+
+}  // namespace
+}  // namespace tellux

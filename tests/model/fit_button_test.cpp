@@ -1,0 +1,180 @@
+#include "model/fit_button.h"
+
+#include "core/runtime/number_text.h"
+#include "session_fixture.h"
+#include "synthetic_sounding.h"
+
+namespace tellux {
+namespace {
+
+// The model window's routines, logged; the grid is read the simple way.
+struct FakeWindow : ModelWindowActions {
+  SoundingState* s = nullptr;
+  GridModel* grid = nullptr;
+  std::vector<std::string> log;
+  void show_sounding_name() override { log.push_back("name"); }
+  void ReadModelGrid() override {
+    log.push_back("read grid");
+    for (int r = 1; r <= 20; ++r)
+      for (int c = 0; c <= 1; ++c) s->LayerModel(r, c + 1) = rt::Val(grid->text(r, c));
+  }
+  void ComputeDepths() override {
+    log.push_back("depths");
+    for (int r = 1; r <= 20; ++r) {
+      if (s->LayerModel(r, 2).num() == 0) {
+        s->LayerCount = static_cast<int16_t>(r);
+        return;
+      }
+    }
+  }
+  void update_overlay_store() override { log.push_back("overlay store"); }
+  void append_to_sounding_name(const std::string& word) override { log.push_back("+" + word); }
+  void redraw_bilog_frame() override { log.push_back("frame"); }
+};
+
+struct RefreshingForms : RecordingForms {
+  int refreshed = 0;
+  void refresh_model_grid() override { ++refreshed; }
+};
+
+class FitButtonTest : public testing::SessionTest {
+ protected:
+  void SetUp() override {
+    SessionTest::SetUp();
+    window.s = &s;
+    window.grid = &grid;
+    grid.row = 3;
+    grid.col = 1;
+    s.SuperposeCurve = -1;
+    testing::make_sounding(session, {{100, 5}, {20, 20}, {300, 0}}, testing::typical_spacings(25));
+    s.LayerModel.erase();
+    s.LayerCount = 0;
+    s.WorkMode.clear();
+  }
+  void grid_model(std::initializer_list<std::pair<const char*, const char*>> rows) {
+    int r = 0;
+    for (auto [rho, h] : rows) {
+      ++r;
+      grid.set_text(r, 0, rho);
+      grid.set_text(r, 1, h);
+    }
+  }
+  void click() { Ajuste_Button_Click(watched, grid, window); }
+  void expect_grid_place_restored() {
+    EXPECT_EQ(grid.row, 3);
+    EXPECT_EQ(grid.col, 1);
+    EXPECT_TRUE(grid.redraw);
+  }
+
+  GridModel grid{22, 4};
+  FakeWindow window;
+  RefreshingForms refreshing;
+  Session watched{s, dialogs, refreshing};
+};
+
+TEST_F(FitButtonTest, AFullStoreOfOverlaysRefusesTheFit) {
+  s.SuperposeCurve = 1;
+  s.HistoryLast = 19;
+  grid_model({{"100  ", "5  "}, {"20  ", ""}});
+  click();
+  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Maximum 20 soundings superposed"});
+  EXPECT_EQ(dialogs.messages[0].icon, Icon::Exclamation);
+  EXPECT_TRUE(window.log.empty());
+  EXPECT_EQ(s.LayerModel(1, 1).num(), 0);
+  expect_grid_place_restored();
+}
+
+TEST_F(FitButtonTest, TooLittleDataIsRefusedInTheUsersLanguage) {
+  const std::pair<char, const char*> cases[] = {
+      {'F', "Il faut au moins deux valeurs de terrain et deux terrains"},
+      {'S', "Introduce por le menos dos datos de campo y dos terrenos"},
+      {'A', "There must be at least two field values and two layers"}};
+  for (auto [language, text] : cases) {
+    use_language(language);
+    dialogs.messages.clear();
+    grid_model({{"100  ", ""}});  // a resistivity without a thickness
+    click();
+    EXPECT_EQ(dialogs.texts(), std::vector<std::string>{text});
+  }
+  grid_model({{"", ""}});
+  s.FieldTable(2, 2) = 0.0f;  // no second field value
+  dialogs.messages.clear();
+  click();
+  EXPECT_EQ(dialogs.texts(),
+            std::vector<std::string>{"There must be at least two field values and two layers"});
+  EXPECT_TRUE(window.log.empty());
+  expect_grid_place_restored();
+}
+
+TEST_F(FitButtonTest, WithoutAModelTheUserIsAskedForTheAutomaticOne) {
+  const std::pair<char, const char*> cases[] = {
+      {'F', "\rIl n'y a pas de modèle déjà crée\r\nCréation automatique d'un modèle ?"},
+      {'S', "\rNo existe ningun modelo\r\n¿Desea una creación automática de modelo?  "},
+      {'E', "\rNo resistivities or thickness are available\r\nAutomatic model creation ?  "}};
+  for (auto [language, text] : cases) {
+    use_language(language);
+    dialogs.messages.clear();
+    dialogs.answers = {Answer::No};
+    click();
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].text, text);
+    EXPECT_EQ(dialogs.messages[0].buttons, Buttons::YesNo);
+    EXPECT_EQ(dialogs.messages[0].title, "Tellux 6.4");
+  }
+  EXPECT_EQ(s.LayerCount, 0);  // No: nothing is built
+  EXPECT_EQ(refreshing.refreshed, 0);
+  expect_grid_place_restored();
+}
+
+TEST_F(FitButtonTest, YesBuildsTheAutomaticModelAndFitsIt) {
+  dialogs.answers = {Answer::Yes};
+  click();
+  EXPECT_EQ(dialogs.messages.size(), 1u);  // the question only
+  EXPECT_GE(s.LayerCount, 2);
+  EXPECT_EQ(window.log, std::vector<std::string>{"frame"});
+  EXPECT_EQ(refreshing.refreshed, 2);  // by the fit and by the button
+  EXPECT_EQ(s.FitMisfit.num(), 0);
+  EXPECT_EQ(s.WorkMode, "");
+  EXPECT_FALSE(s.DataSaved);
+  Cell misfit;
+  FieldMisfit(s, misfit);
+  EXPECT_LT(misfit.num(), 2e-3);
+  expect_grid_place_restored();
+}
+
+TEST_F(FitButtonTest, AModelInTheGridIsReadAndFitted) {
+  grid_model({{"80  ", "4  "}, {"25  ", "25  "}, {"250  ", ""}});
+  s.HistoryBase = 1;
+  click();
+  EXPECT_TRUE(dialogs.messages.empty());
+  const std::vector<std::string> expected = {"name", "read grid", "depths", "frame"};
+  EXPECT_EQ(window.log, expected);
+  EXPECT_EQ(s.LayerCount, 3);
+  EXPECT_NE(s.LayerModel(1, 1).num(), 80);  // fitted
+  EXPECT_EQ(s.HistoryBase, 0);
+  EXPECT_EQ(s.WorkMode, "");
+}
+
+TEST_F(FitButtonTest, WithTheOverlayBoxTickedTheStoreIsUpdatedAndTheFrameKept) {
+  s.SuperposeCurve = 1;
+  s.LayerModel(1, 1) = 80.0;
+  s.LayerModel(1, 2) = 4.0;
+  s.LayerModel(2, 1) = 250.0;
+  s.LayerCount = 2;
+  grid_model({{"80  ", "4  "}, {"250  ", ""}});
+  click();
+  EXPECT_EQ(window.log, std::vector<std::string>{"overlay store"});
+}
+
+TEST_F(FitButtonTest, TheSpliceShiftWordJoinsTheName) {
+  s.ShiftCurves = 1;
+  use_language('S');
+  grid_model({{"80  ", "4  "}, {"250  ", ""}});
+  click();
+  const std::vector<std::string> expected = {"name", "read grid", "depths", "+Empalmes compens.",
+                                             "frame"};
+  EXPECT_EQ(window.log, expected);
+}
+
+}  // namespace
+}  // namespace tellux

@@ -1,0 +1,261 @@
+#include "plot/curve_drawing.h"
+
+#include <cmath>
+
+#include "model/forward.h"
+#include "plot/bilog_view.h"
+#include "plot_fixture.h"
+
+namespace tellux {
+namespace {
+
+using testing::at;
+using testing::has_op;
+using testing::ops_starting;
+
+double L(double v) { return std::log(v) * 0.4343; }
+
+class CurveDrawingTest : public testing::PlotTest {
+ protected:
+  void SetUp() override {
+    s.AB2min = 0, s.AB2max = 10000, s.RHOmin = 1, s.RHOmax = 10000;
+    s.DecadeStart = -1, s.DecadeEnd = 4, s.RhoDecadeStart = 0, s.RhoDecadeEnd = 4;
+    s.WorkMode = mode::kNormal;
+    s.PlotScale = 20, s.PlotOriginX = 1134, s.PlotOriginY = 9000;
+  }
+  // A computed curve of constant resistivity, eight samples to the decade from 0.1 m.
+  void flat_curve(double rho) {
+    s.ModelCurveLast = 40;
+    for (int i = 0; i <= 40; ++i) {
+      s.ModelCurve(i, 1) = rho;
+      s.ModelCurve(i, 2) = std::pow(10.0, i * 0.125 - 1);
+    }
+  }
+  std::string xy(double x, double y) const { return at(x) + " " + at(y); }
+  std::string page_xy(double x, double y) const {
+    return fixed_text((x - s.DecadeStart) * 20 * 56.7 + 1134, 2) + " " +
+           fixed_text(9000 - (y - s.RhoDecadeStart) * 20 * 56.7, 2);
+  }
+};
+
+TEST_F(CurveDrawingTest, SamplesJoinIntoAStrokeAndStopAtTheRightEdge) {
+  s.FirstPoint = true;
+  DrawCurveSegment(session, surfaces, 1, 100);
+  DrawCurveSegment(session, surfaces, 2, 120);
+  EXPECT_EQ(screen.ops,
+            (std::vector<std::string>{"DrawWidth 1", "PSet " + xy(-1, L(100)) + " 255",
+                                      "DrawWidth 1", "LineTo " + xy(-0.875, L(120)) + " 255"}));
+  // The sample at DecadeEnd is outside: the test is strict at the right.
+  screen.ops.clear();
+  DrawCurveSegment(session, surfaces, 40, 100);
+  EXPECT_FALSE(s.FirstPoint);
+  DrawCurveSegment(session, surfaces, 41, 100);
+  EXPECT_EQ(ops_starting(screen.ops, "LineTo").size(), 1u);
+  EXPECT_EQ(ops_starting(screen.ops, "LineTo")[0], "LineTo " + xy(3.875, L(100)) + " 255");
+  EXPECT_TRUE(s.FirstPoint);
+}
+
+TEST_F(CurveDrawingTest, ACurveLeavingTheFrameStartsAnewWhereItComesBack) {
+  s.FirstPoint = true;
+  DrawCurveSegment(session, surfaces, 1, 100);
+  DrawCurveSegment(session, surfaces, 2, 20000);  // above the top edge
+  EXPECT_TRUE(s.FirstPoint);
+  DrawCurveSegment(session, surfaces, 3, 0.5);  // below the bottom edge
+  DrawCurveSegment(session, surfaces, 4, 100);
+  const auto drawn = ops_starting(screen.ops, "PSet");
+  ASSERT_EQ(drawn.size(), 2u);
+  EXPECT_EQ(drawn[1], "PSet " + xy(-0.625, L(100)) + " 255");
+  EXPECT_TRUE(ops_starting(screen.ops, "LineTo").empty());
+}
+
+TEST_F(CurveDrawingTest, OutsideNormalModeTheScreenCurveIsBlack) {
+  s.CurveColour = 255;
+  s.WorkMode = "";
+  DrawCurveSegment(session, surfaces, 1, 100);
+  EXPECT_EQ(screen.ops.back(), "PSet " + xy(-1, L(100)) + " 0");
+  s.WorkMode = mode::kNormal;
+  s.ColourGrid = false;
+  DrawCurveSegment(session, surfaces, 2, 100);
+  EXPECT_EQ(screen.ops.back(), "LineTo " + xy(-0.875, L(100)) + " 32768");
+}
+
+TEST_F(CurveDrawingTest, OnThePageTheCurveKeepsItsColour) {
+  s.WorkMode = mode::kPreview;
+  s.FirstPoint = true;
+  DrawCurveSegment(session, surfaces, 9, 100);
+  DrawCurveSegment(session, surfaces, 10, 1000);
+  EXPECT_TRUE(screen.ops.empty());
+  EXPECT_EQ(page.ops,
+            (std::vector<std::string>{"PenColor 255",
+                                      "DrawLine " + page_xy(0, L(100)) + " " + page_xy(0, L(100)),
+                                      "PenColor 255", "DrawLine " + page_xy(0.125, L(1000))}));
+}
+
+TEST_F(CurveDrawingTest, OnThePrinterWithTheScreensLogic) {
+  s.WorkMode = mode::kPrinter;
+  s.FirstPoint = true;
+  DrawCurveSegment(session, surfaces, 1, 100);
+  DrawCurveSegment(session, surfaces, 2, 100);
+  EXPECT_TRUE(screen.ops.empty());
+  EXPECT_EQ(printer.ops, (std::vector<std::string>{"PSet " + xy(-1, L(100)) + " 255",
+                                                   "LineTo " + xy(-0.875, L(100)) + " 255"}));
+}
+
+TEST_F(CurveDrawingTest, AFailureShowsItsMessageAndTheCurveGoesOn) {
+  s.WorkMode = "";
+  s.OverlayColourIndex = 16;  // not a palette entry
+  use_language('E');
+  DrawCurveSegment(session, surfaces, 1, 100);
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_EQ(dialogs.messages[0].text, " Error occurs while Drawing Curve");
+  EXPECT_EQ(dialogs.messages[0].icon, Icon::Exclamation);
+  EXPECT_EQ(dialogs.messages[0].title, "Tellux 6.4");
+  EXPECT_FALSE(s.FirstPoint);
+  use_language('F');
+  DrawCurveSegment(session, surfaces, 2, 100);
+  EXPECT_EQ(dialogs.messages.back().text, "Erreur lors du tracé de la courbe");
+  use_language('S');
+  DrawCurveSegment(session, surfaces, 3, 100);
+  EXPECT_EQ(dialogs.messages.back().text, " Error al trazar curva");
+}
+
+// --- The model's staircase.
+
+TEST_F(CurveDrawingTest, StaircaseOfAThreeLayerModel) {
+  model({{100, 2}, {20, 10}, {500, 0}});
+  DrawModelSteps(session, surfaces);
+  const std::string c = " 16711935";
+  EXPECT_EQ(screen.ops, (std::vector<std::string>{
+                            "PSet " + xy(-1, L(100)) + c,
+                            "LineTo " + xy(L(2), L(100)) + c,
+                            "LineTo " + xy(L(2), L(20)) + c,
+                            "LineTo " + xy(L(12), L(20)) + c,
+                            "LineTo " + xy(L(12), L(500)) + c,
+                            "LineTo " + xy(4, L(500)) + c,
+                        }));
+}
+
+TEST_F(CurveDrawingTest, ALayerAboveTheTopRunsOnTheTopEdge) {
+  model({{50, 1}, {100, 5}, {20000, 10}, {100, 0}});
+  DrawModelSteps(session, surfaces);
+  const std::string c = " 16711935";
+  EXPECT_EQ(screen.ops, (std::vector<std::string>{
+                            "PSet " + xy(-1, L(50)) + c,
+                            "LineTo " + xy(0, L(50)) + c,
+                            "LineTo " + xy(0, L(100)) + c,
+                            "LineTo " + xy(L(6), L(100)) + c,
+                            // the vertical run ends just outside the top
+                            "LineTo " + xy(L(6), L(10000.001)) + c,
+                            // a new stroke on the top edge at the layer's bottom
+                            "PSet " + xy(L(16), L(10000)) + c,
+                            "LineTo " + xy(L(16), L(10000)) + c,
+                            "LineTo " + xy(L(16), L(100)) + c,
+                            "LineTo " + xy(4, L(100)) + c,
+                        }));
+}
+
+TEST_F(CurveDrawingTest, AOneLayerModelStartsOnlyWithALimitOfZero) {
+  s.RHOmin = 0;
+  model({{100, 0}});
+  DrawModelSteps(session, surfaces);
+  // The runs to a depth of 0 and to a resistivity of 0 fail and are skipped silently.
+  EXPECT_EQ(screen.ops, (std::vector<std::string>{"PSet " + xy(-1, L(100)) + " 16711935"}));
+  EXPECT_TRUE(dialogs.messages.empty());
+  screen.ops.clear();
+  s.AB2min = 1;
+  DrawModelSteps(session, surfaces);
+  // Nothing drawn; the table walked to its end sets the width.
+  EXPECT_EQ(screen.ops, (std::vector<std::string>{"DrawWidth 1"}));
+}
+
+TEST_F(CurveDrawingTest, RunsBeyondAB2maxAreHeldAtTheRightEdge) {
+  s.AB2max = 100;
+  model({{100, 50}, {20, 200}, {500, 0}});
+  DrawModelSteps(session, surfaces);
+  EXPECT_TRUE(has_op(screen.ops, "LineTo " + xy(L(100), L(20)) + " 16711935"));
+  EXPECT_TRUE(has_op(screen.ops, "LineTo " + xy(L(100), L(500)) + " 16711935"));
+}
+
+TEST_F(CurveDrawingTest, OnThePageAnOverlayThicknessCarriesTheStaircaseOn) {
+  s.WorkMode = mode::kPreview;
+  model({{100, 2}, {20, 0}});
+  s.OverlayModel(2, 2) = 5.0;
+  DrawModelSteps(session, surfaces);
+  // Row 2 counts as having a thickness: no run to the right edge after it.
+  EXPECT_EQ(page.ops.front(), "PenColor 16711935");
+  EXPECT_EQ(page.ops[1], "DrawLine " + page_xy(-1, L(100)) + " " + page_xy(-1, L(100)));
+  EXPECT_FALSE(has_op(page.ops, "DrawLine " + page_xy(4, L(20))));
+  EXPECT_EQ(page.ops.back(), "DrawLine " + page_xy(4, L(0.999)));
+  // On the screen the same model ends with the half space.
+  s.WorkMode = mode::kNormal;
+  DrawModelSteps(session, surfaces);
+  EXPECT_EQ(screen.ops.back(), "LineTo " + xy(4, L(20)) + " 16711935");
+}
+
+// --- The error curve.
+
+TEST_F(CurveDrawingTest, DeviationsAreHundredTimesTheDifferenceOverTheReading) {
+  s.ModelCurveLast = 3;
+  for (int i = 0; i <= 3; ++i) {
+    s.ModelCurve(i, 1) = 100.0;
+    s.ModelCurve(i, 2) = std::pow(10.0, i);
+  }
+  field({{50, 300}, {5000, 100}});
+  DrawErrorCurve(session, surfaces);
+  EXPECT_EQ(s.ModelCurve(1, 3).num(), 100.0 * 200.0 / 300.0);  // not 100 x (200 / 300)
+  EXPECT_EQ(s.ModelCurve(2, 3).num(), 0.001);                  // beyond the last usable sample
+}
+
+TEST_F(CurveDrawingTest, ErrorCurveLiesOnTheSoundingsAxesFromTheBottomEdge) {
+  flat_curve(99.0);
+  s.RhoDecadeStart = 1;
+  // 1%, 10%, 0.5%, a point beyond the right edge, then one back inside.
+  field({{2, 100}, {5, 110}, {8, 99.5}, {20000, 150}, {30, 200}});
+  DrawErrorCurve(session, surfaces);
+  EXPECT_EQ(s.ModelCurve(1, 3).num(), 1.0);
+  EXPECT_EQ(s.ModelCurve(4, 3).num(), 0.001);
+  const std::string c = " 255";
+  EXPECT_EQ(screen.ops, (std::vector<std::string>{
+                            "DrawWidth 1", "PSet " + xy(L(2), 1) + c,  // 1% on the bottom edge
+                            "DrawWidth 1", "LineTo " + xy(L(5), L(s.ModelCurve(2, 3)) + 1) + c,
+                            "DrawWidth 1", "LineTo " + xy(L(8), 1) + c,  // under 1%: bottom edge
+                            "DrawWidth 1", "PSet " + xy(L(30), L(s.ModelCurve(5, 3)) + 1) + c}));
+}
+
+TEST_F(CurveDrawingTest, ErrorCurveOnThePageWithItsOwnPen) {
+  flat_curve(100.0);
+  field({{5, 110}, {8, 120}});
+  s.WorkMode = mode::kPreview;
+  s.ColourGrid = false;
+  DrawErrorCurve(session, surfaces);
+  const double y1 = L(s.ModelCurve(1, 3)), y2 = L(s.ModelCurve(2, 3));
+  EXPECT_EQ(page.ops,
+            (std::vector<std::string>{"PenWidth 10", "PenColor 32768",
+                                      "DrawLine " + page_xy(L(5), y1) + " " + page_xy(L(5), y1),
+                                      "PenWidth 18", "PenWidth 10", "PenColor 32768",
+                                      "DrawLine " + page_xy(L(8), y2), "PenWidth 18"}));
+  EXPECT_TRUE(screen.ops.empty());
+}
+
+TEST_F(CurveDrawingTest, TheForwardCalculationDrawsThroughTheDiagram) {
+  field({{1, 100}, {10, 100}, {100, 100}});
+  model({{100, 0}});
+  s.MaxAbHalf = 100;
+  s.SuperposeCurve = -1;
+  s.ShowErrorCurve = 1;
+  s.ShowModelSteps = 1;
+  BilogDrawing drawing(session, surfaces);
+  drawing.attach();
+  ForwardCurve(session);
+  EXPECT_EQ(screen.ops.front(), "MousePointer 11");
+  EXPECT_EQ(screen.ops.back(), "MousePointer 2");
+  // One stroke for the curve (25 samples up to 10^2.5 less the one past the end), then the
+  // error curve, then the staircase, which with one layer and a limit of 1 draws nothing.
+  const auto strokes = ops_starting(screen.ops, "PSet");
+  ASSERT_EQ(strokes.size(), 2u);
+  EXPECT_EQ(strokes[0], "PSet " + xy(-1, L(s.ModelCurve(0, 1))) + " 255");
+  EXPECT_EQ(ops_starting(screen.ops, "LineTo").size(), static_cast<size_t>(s.ModelCurveLast) + 2);
+}
+
+}  // namespace
+}  // namespace tellux

@@ -1,0 +1,76 @@
+#pragma once
+// A headless diagram: the record, scripted dialogs, and recording surfaces for the screen, the
+// report page and the printer.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "core/session.h"
+#include "platform/headless/recording_forms.h"
+#include "platform/headless/recording_page.h"
+#include "platform/headless/recording_surface.h"
+#include "platform/headless/scripted_dialogs.h"
+#include "plot/curve_drawing.h"
+
+namespace tellux::testing {
+
+class PlotTest : public ::testing::Test {
+ protected:
+  // Field rows 1..n as (AB/2, resistivity).
+  void field(std::initializer_list<std::pair<double, double>> rows) {
+    s.FieldTable.erase();
+    int n = 0;
+    for (const auto& [ab, rho] : rows) {
+      ++n;
+      s.FieldTable(n, 1) = ab;
+      s.FieldTable(n, 2) = rho;
+    }
+    s.FieldCount = static_cast<int16_t>(n);
+  }
+  // Layer rows 1..n as (resistivity, thickness); the last one is the half space.
+  void model(std::initializer_list<std::pair<double, double>> rows) {
+    s.LayerModel.erase();
+    int n = 0;
+    for (const auto& [rho, h] : rows) {
+      ++n;
+      s.LayerModel(n, 1) = rho;
+      if (h > 0) s.LayerModel(n, 2) = h;
+    }
+    s.LayerCount = static_cast<int16_t>(n);
+  }
+  void use_language(char letter) {
+    s.Language = {};
+    s.Language.English = letter == 'E';
+    s.Language.French = letter == 'F';
+    s.Language.Spanish = letter == 'S';
+  }
+
+  SoundingState s;
+  ScriptedDialogs dialogs;
+  RecordingForms forms;
+  Session session{s, dialogs, forms};
+  RecordingSurface screen;
+  RecordingSurface printer;
+  RecordingPage page;
+  BilogSurfaces surfaces{&screen, &page, &printer};
+};
+
+// The operations that start with `prefix`, in order.
+inline std::vector<std::string> ops_starting(const std::vector<std::string>& ops,
+                                             const std::string& prefix) {
+  std::vector<std::string> out;
+  for (const auto& op : ops)
+    if (op.rfind(prefix, 0) == 0) out.push_back(op);
+  return out;
+}
+
+inline bool has_op(const std::vector<std::string>& ops, const std::string& op) {
+  return std::find(ops.begin(), ops.end(), op) != ops.end();
+}
+
+// The text of a logarithm as the recording writes it.
+inline std::string at(double v) { return fixed_text(static_cast<float>(v), 4); }
+
+}  // namespace tellux::testing

@@ -1,0 +1,102 @@
+#include "platform/qt/qt_drawing_surface.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QGuiApplication>
+#include <QImage>
+#include <cstdlib>
+#include <filesystem>
+
+#include "plot/bilog_frame.h"
+
+namespace tellux {
+namespace {
+
+// Fonts need the application object; the tests run on the offscreen platform.
+class QtEnvironment : public ::testing::Environment {
+ public:
+  void SetUp() override {
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    app_ = new QGuiApplication(argc_, argv_);
+  }
+  void TearDown() override { delete app_; }
+
+ private:
+  int argc_ = 1;
+  char name_[8] = "tests";
+  char* argv_[2] = {name_, nullptr};
+  QGuiApplication* app_ = nullptr;
+};
+[[maybe_unused]] auto* const kEnvironment = ::testing::AddGlobalTestEnvironment(new QtEnvironment);
+
+QColor pixel(const QImage& image, QPointF p) {
+  return image.pixelColor(static_cast<int>(p.x()), static_cast<int>(p.y()));
+}
+
+TEST(QtDrawingSurfaceTest, LogicalCoordinatesMapOntoTheImage) {
+  QtDrawingSurface surface(200, 100);
+  surface.Scale(0, 10, 20, 0);  // ordinate upward
+  EXPECT_EQ(surface.to_pixel(0, 10), QPointF(0, 0));
+  EXPECT_EQ(surface.to_pixel(10, 5), QPointF(100, 50));
+  EXPECT_EQ(surface.to_logical(QPointF(100, 50)), QPointF(10, 5));
+  surface.Line(2, 8, 18, 2, 0xFFFFFF, LineForm::FilledBox);
+  surface.Line(0, 5, 20, 5, 255);  // red across the middle
+  const QImage& image = surface.image();
+  EXPECT_EQ(pixel(image, QPointF(5, 5)), to_qcolor(QtDrawingSurface::kBackColour));
+  EXPECT_EQ(pixel(image, QPointF(150, 30)), QColor(Qt::white));
+  EXPECT_EQ(pixel(image, QPointF(150, 50)), QColor(255, 0, 0));
+  EXPECT_EQ(surface.CurrentX(), 20.0f);
+}
+
+TEST(QtDrawingSurfaceTest, TheFrameComesOutAsAPictureAndAsSvg) {
+  SoundingState s;
+  s.FieldCount = 1;
+  s.FieldTable(1, 1) = 10.0;
+  s.FieldTable(1, 2) = 100.0;
+  QtDrawingSurface surface(1000, 620);
+  prepare_bilog_surface(surface);
+  DrawBilogFrame(s, surface);
+  const QImage& image = surface.image();
+  // The frame is white inside, black at its decade lines, and the mark is red.
+  const QPointF inside = surface.to_pixel(2.5, 2.5);
+  EXPECT_EQ(pixel(image, inside), QColor(Qt::white));
+  const QPointF decade = surface.to_pixel(2, 2.5);
+  EXPECT_EQ(pixel(image, decade), QColor(Qt::black));
+  const QPointF mark = surface.to_pixel(1 + s.MarkHalfSize * 0.999, 2);
+  EXPECT_EQ(pixel(image, mark), QColor(255, 0, 0));
+  // Labels are drawn in the margin under the frame: some dark pixels below the bottom edge.
+  const QPointF label = surface.to_pixel(2, -0.05);
+  int dark = 0;
+  for (int dx = 0; dx < 30; ++dx)
+    for (int dy = -8; dy < 8; ++dy)
+      dark += image.pixelColor(static_cast<int>(label.x()) + dx, static_cast<int>(label.y()) + dy)
+                  .lightness() < 100;
+  EXPECT_GT(dark, 5);
+
+  const auto dir = std::filesystem::temp_directory_path();
+  const QString png = QString::fromStdString((dir / "tellux_frame_test.png").string());
+  const QString svg = QString::fromStdString((dir / "tellux_frame_test.svg").string());
+  ASSERT_TRUE(surface.save_png(png));
+  ASSERT_TRUE(surface.save_svg(svg, "frame"));
+  QFile file(svg);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  const QByteArray text = file.readAll();
+  EXPECT_TRUE(text.contains("<svg"));
+  EXPECT_TRUE(text.contains("10000"));  // a label as text
+  EXPECT_EQ(QImage(png).size(), QSize(1000, 620));
+  QFile::remove(png);
+  QFile::remove(svg);
+}
+
+TEST(QtDrawingSurfaceTest, ADegenerateScaleDrawsNothingAndDoesNotFail) {
+  QtDrawingSurface surface(100, 100);
+  surface.Scale(1, 1, 1, 1);
+  surface.Line(0, 0, 2, 2);
+  surface.PSet(std::nanf(""), 0);
+  surface.Print("x");
+  EXPECT_FALSE(surface.image().isNull());
+}
+
+}  // namespace
+}  // namespace tellux

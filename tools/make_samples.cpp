@@ -1,0 +1,162 @@
+// Makes the synthetic soundings shipped in samples/ and used by the tests: the field points are
+// the forward curve of a known model at usual spacings, with a little deterministic noise, and
+// the readings (MN/2, DeltaV, K, I) that would have given them.
+//   tellux-make-samples OUTDIR
+#include <cmath>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "core/runtime/token_file.h"
+#include "core/sounding_file.h"
+#include "model/forward.h"
+#include "platform/headless/scripted_dialogs.h"
+
+namespace {
+
+using namespace tellux;
+
+struct Layer {
+  double rho, thickness;
+};
+
+struct Sample {
+  const char* file;
+  SpreadType spread;
+  std::vector<Layer> model;
+  double noise;       // relative amplitude of the noise
+  bool keep_model;    // write the true model into the file
+  const char* title;
+};
+
+// Spacings of a usual field sheet; a splice repeats AB/2 where MN/2 grows.
+struct Spacing {
+  double ab, mn;
+};
+
+std::vector<Spacing> spacings(SpreadType spread) {
+  const double ab[] = {1, 1.5, 2, 3, 4, 5, 6, 8, 10, 10, 12, 15, 20, 25, 30, 40,
+                       50, 60, 80, 100, 100, 120, 150, 200, 250, 300, 400, 500};
+  std::vector<Spacing> out;
+  int splices = 0;
+  for (size_t i = 0; i < std::size(ab); ++i) {
+    if (i > 0 && ab[i] == ab[i - 1]) ++splices;
+    const double mn = splices == 0 ? 0.5 : splices == 1 ? 2.5 : 10.0;
+    if (spread == SpreadType::Schlumberger) {
+      out.push_back({ab[i], mn});
+    } else if (i == 0 || ab[i] != ab[i - 1]) {  // Wenner and dipole have no splices
+      out.push_back({ab[i], spread == SpreadType::Dipole ? ab[i] / 4 : 0.0});
+    }
+  }
+  return out;
+}
+
+double geometric_factor(SpreadType spread, double ab, double mn) {
+  constexpr double pi = 3.1416;
+  switch (spread) {
+    case SpreadType::Schlumberger:
+      return pi * (ab * ab - mn * mn) / (2 * mn);
+    case SpreadType::Wenner:
+      return 2 * pi * ab;
+    case SpreadType::Dipole:
+      return pi * ab * (ab + mn) * (ab + 2 * mn) / (mn * mn);
+  }
+  return 0;
+}
+
+// The computed curve at spacing a, interpolated in the logarithms.
+double curve_at(const SoundingState& s, double a) {
+  for (int k = 0; k < s.ModelCurveLast; ++k) {
+    const double a0 = s.ModelCurve(k, 2), a1 = s.ModelCurve(k + 1, 2);
+    if (a0 <= a && a < a1) {
+      const double f = std::log(a / a0) / std::log(a1 / a0);
+      return std::exp(std::log(s.ModelCurve(k, 1)) * (1 - f) + std::log(s.ModelCurve(k + 1, 1)) * f);
+    }
+  }
+  return s.ModelCurve(s.ModelCurveLast, 1);
+}
+
+// A repeatable noise in [-1, 1].
+double noise(unsigned& seed) {
+  seed = seed * 1103515245u + 12345u;
+  return ((seed >> 8) % 20001) / 10000.0 - 1.0;
+}
+
+bool make(const Sample& sample, const std::string& dir) {
+  SoundingState s;
+  BatchDialogs dialogs([](const std::string& m) { std::fprintf(stderr, "%s\n", m.c_str()); });
+  Forms forms;
+  Session session{s, dialogs, forms};
+  s.Spread = sample.spread;
+  s.SuperposeCurve = -1;
+  s.WorkMode = mode::kFile;
+  int i = 0;
+  for (const Layer& l : sample.model) {
+    ++i;
+    s.LayerModel(i, 1) = l.rho;
+    s.LayerModel(i, 2) = l.thickness;
+  }
+  s.LayerCount = static_cast<int16_t>(i);
+  const auto rows = spacings(sample.spread);
+  s.FieldCount = static_cast<int16_t>(rows.size());
+  for (size_t r = 0; r < rows.size(); ++r) s.FieldTable(static_cast<int>(r + 1), 1) = rows[r].ab;
+  s.MaxAbHalf = 1;
+  ForwardCurve(session);
+
+  unsigned seed = 20261123u;
+  int splice = 0;
+  for (size_t r = 0; r < rows.size(); ++r) {
+    const int n = static_cast<int>(r + 1);
+    if (r > 0 && rows[r].ab == rows[r - 1].ab) ++splice;
+    // The segments of a Schlumberger sounding join with a small offset, as in the field.
+    const double offset = 1.0 + 0.04 * splice;
+    const double rho = curve_at(s, rows[r].ab) * offset * (1.0 + sample.noise * noise(seed));
+    const double k = std::round(geometric_factor(sample.spread, rows[r].ab, rows[r].mn) * 100) / 100;
+    const double current = 50.0 + 10.0 * (n % 4);
+    const double dv = std::round(rho * current / k * 10) / 10;
+    s.FieldTable(n, 2) = std::round(rho * 100) / 100;
+    s.FieldTable(n, 3) = rows[r].mn;
+    s.FieldTable(n, 4) = dv;
+    s.FieldTable(n, 5) = k;
+    s.FieldTable(n, 6) = current;
+    s.FieldTable(n, 7) = s.FieldTable(n, 2);
+  }
+  if (!sample.keep_model) s.LayerModel.erase();
+  double depth = 0;
+  for (int l = 1; sample.keep_model && l <= s.LayerCount; ++l) {
+    s.LayerModel(l, 3) = depth;
+    depth += s.LayerModel(l, 2).num();
+  }
+  s.GraphTitle = sample.title;
+  s.CommentText = "Synthetic sounding made from a known model";
+  s.LocationX = "1000";
+  s.LocationY = "2000";
+  s.LocationZ = "100";
+  s.LocationAzimuth = "90";
+  s.FileName = sample.file;
+  std::string path = dir + "/" + sample.file;
+  return write_sounding_file(session, path);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fprintf(stderr, "usage: tellux-make-samples OUTDIR\n");
+    return 2;
+  }
+  const Sample samples[] = {
+      {"three_layers.TX3", SpreadType::Schlumberger, {{100, 2}, {20, 15}, {500, 0}}, 0.02, true,
+       "H-type, 100/20/500 ohm.m"},
+      {"four_layers.TX3", SpreadType::Schlumberger, {{30, 1.5}, {300, 6}, {15, 40}, {1000, 0}}, 0.02,
+       true, "KH-type, four layers"},
+      {"wenner_three.TX3", SpreadType::Wenner, {{50, 3}, {400, 12}, {10, 0}}, 0.01, true,
+       "Wenner, K-type"},
+      {"dipole_two.TX3", SpreadType::Dipole, {{200, 8}, {20, 0}}, 0.01, true, "Dipole, two layers"},
+      {"three_layers_nomodel.TX3", SpreadType::Schlumberger, {{100, 2}, {20, 15}, {500, 0}}, 0.0,
+       false, "H-type without a model"},
+  };
+  int failed = 0;
+  for (const Sample& sample : samples) failed += make(sample, argv[1]) ? 0 : 1;
+  return failed;
+}
