@@ -64,12 +64,18 @@ void BM_ForwardCurveNewModel(benchmark::State& state, SpreadType spread) {
 }
 
 BENCHMARK_CAPTURE(BM_ForwardCurveNewModel, schlumberger, SpreadType::Schlumberger)
-    ->Arg(3)->Arg(5)->Arg(10)->Arg(20);
+    ->Arg(3)
+    ->Arg(5)
+    ->Arg(10)
+    ->Arg(20);
 BENCHMARK_CAPTURE(BM_ForwardCurveNewModel, wenner, SpreadType::Wenner)->Arg(5);
 BENCHMARK_CAPTURE(BM_ForwardCurveNewModel, dipole, SpreadType::Dipole)->Arg(5);
 
 BENCHMARK_CAPTURE(BM_ForwardCurve, schlumberger, SpreadType::Schlumberger)
-    ->Arg(3)->Arg(5)->Arg(10)->Arg(20);
+    ->Arg(3)
+    ->Arg(5)
+    ->Arg(10)
+    ->Arg(20);
 BENCHMARK_CAPTURE(BM_ForwardCurve, wenner, SpreadType::Wenner)->Arg(3)->Arg(5)->Arg(10)->Arg(20);
 BENCHMARK_CAPTURE(BM_ForwardCurve, dipole, SpreadType::Dipole)->Arg(3)->Arg(5)->Arg(10)->Arg(20);
 

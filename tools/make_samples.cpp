@@ -24,8 +24,8 @@ struct Sample {
   const char* file;
   SpreadType spread;
   std::vector<Layer> model;
-  double noise;       // relative amplitude of the noise
-  bool keep_model;    // write the true model into the file
+  double noise;     // relative amplitude of the noise
+  bool keep_model;  // write the true model into the file
   const char* title;
 };
 
@@ -35,8 +35,8 @@ struct Spacing {
 };
 
 std::vector<Spacing> spacings(SpreadType spread) {
-  const double ab[] = {1, 1.5, 2, 3, 4, 5, 6, 8, 10, 10, 12, 15, 20, 25, 30, 40,
-                       50, 60, 80, 100, 100, 120, 150, 200, 250, 300, 400, 500};
+  const double ab[] = {1,  1.5, 2,  3,  4,  5,   6,   8,   10,  10,  12,  15,  20,  25,
+                       30, 40,  50, 60, 80, 100, 100, 120, 150, 200, 250, 300, 400, 500};
   std::vector<Spacing> out;
   int splices = 0;
   for (size_t i = 0; i < std::size(ab); ++i) {
@@ -70,7 +70,8 @@ double curve_at(const SoundingState& s, double a) {
     const double a0 = s.ModelCurve(k, 2), a1 = s.ModelCurve(k + 1, 2);
     if (a0 <= a && a < a1) {
       const double f = std::log(a / a0) / std::log(a1 / a0);
-      return std::exp(std::log(s.ModelCurve(k, 1)) * (1 - f) + std::log(s.ModelCurve(k + 1, 1)) * f);
+      return std::exp(std::log(s.ModelCurve(k, 1)) * (1 - f) +
+                      std::log(s.ModelCurve(k + 1, 1)) * f);
     }
   }
   return s.ModelCurve(s.ModelCurveLast, 1);
@@ -111,7 +112,8 @@ bool make(const Sample& sample, const std::string& dir) {
     // The segments of a Schlumberger sounding join with a small offset, as in the field.
     const double offset = 1.0 + 0.04 * splice;
     const double rho = curve_at(s, rows[r].ab) * offset * (1.0 + sample.noise * noise(seed));
-    const double k = std::round(geometric_factor(sample.spread, rows[r].ab, rows[r].mn) * 100) / 100;
+    const double k =
+        std::round(geometric_factor(sample.spread, rows[r].ab, rows[r].mn) * 100) / 100;
     const double current = 50.0 + 10.0 * (n % 4);
     const double dv = std::round(rho * current / k * 10) / 10;
     s.FieldTable(n, 2) = std::round(rho * 100) / 100;
@@ -146,15 +148,31 @@ int main(int argc, char** argv) {
     return 2;
   }
   const Sample samples[] = {
-      {"three_layers.TX3", SpreadType::Schlumberger, {{100, 2}, {20, 15}, {500, 0}}, 0.02, true,
+      {"three_layers.TX3",
+       SpreadType::Schlumberger,
+       {{100, 2}, {20, 15}, {500, 0}},
+       0.02,
+       true,
        "H-type, 100/20/500 ohm.m"},
-      {"four_layers.TX3", SpreadType::Schlumberger, {{30, 1.5}, {300, 6}, {15, 40}, {1000, 0}}, 0.02,
-       true, "KH-type, four layers"},
-      {"wenner_three.TX3", SpreadType::Wenner, {{50, 3}, {400, 12}, {10, 0}}, 0.01, true,
+      {"four_layers.TX3",
+       SpreadType::Schlumberger,
+       {{30, 1.5}, {300, 6}, {15, 40}, {1000, 0}},
+       0.02,
+       true,
+       "KH-type, four layers"},
+      {"wenner_three.TX3",
+       SpreadType::Wenner,
+       {{50, 3}, {400, 12}, {10, 0}},
+       0.01,
+       true,
        "Wenner, K-type"},
       {"dipole_two.TX3", SpreadType::Dipole, {{200, 8}, {20, 0}}, 0.01, true, "Dipole, two layers"},
-      {"three_layers_nomodel.TX3", SpreadType::Schlumberger, {{100, 2}, {20, 15}, {500, 0}}, 0.0,
-       false, "H-type without a model"},
+      {"three_layers_nomodel.TX3",
+       SpreadType::Schlumberger,
+       {{100, 2}, {20, 15}, {500, 0}},
+       0.0,
+       false,
+       "H-type without a model"},
   };
   int failed = 0;
   for (const Sample& sample : samples) failed += make(sample, argv[1]) ? 0 : 1;

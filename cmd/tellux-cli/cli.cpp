@@ -40,7 +40,8 @@ int parse_int(const std::string& text, const std::string& option) {
 double parse_double(const std::string& text, const std::string& option) {
   char* end = nullptr;
   const double v = std::strtod(text.c_str(), &end);
-  if (text.empty() || *end != '\0') throw UsageError{option + " takes a number, not \"" + text + "\""};
+  if (text.empty() || *end != '\0')
+    throw UsageError{option + " takes a number, not \"" + text + "\""};
   return v;
 }
 
@@ -61,7 +62,8 @@ void apply_array(Cli& cli, const Args& args) {
 }
 
 void apply_decade_start(Cli& cli, const Args& args) {
-  cli.s.DecadeStart = static_cast<int16_t>(parse_int(args.get("--decade-start", "-1"), "--decade-start"));
+  cli.s.DecadeStart =
+      static_cast<int16_t>(parse_int(args.get("--decade-start", "-1"), "--decade-start"));
 }
 
 void take_layer_count(SoundingState& s) {

@@ -20,7 +20,8 @@ struct Entry {
 const Entry kCommands[] = {
     {"open", cmd_open, "open FILE"},
     {"settings", cmd_settings, "settings"},
-    {"forward", cmd_forward, "forward FILE [--array schlumberger|dipole|wenner] [--decade-start N]"},
+    {"forward", cmd_forward,
+     "forward FILE [--array schlumberger|dipole|wenner] [--decade-start N]"},
     {"write", cmd_write, "write FILE OUT"},
     {"automodel", cmd_automodel,
      "automodel FILE [--array schlumberger|dipole|wenner] [--sensitivity S]"},
@@ -44,11 +45,16 @@ int usage() {
 void set_language(tellux::SoundingState& s, const std::string& letter) {
   s.Language = {};
   s.Language.English = false;
-  if (letter == "F") s.Language.French = true;
-  else if (letter == "S") s.Language.Spanish = true;
-  else if (letter == "A") s.Language.German = true;
-  else if (letter == "E") s.Language.English = true;
-  else throw UsageError{"--lang takes E, F, S or A"};
+  if (letter == "F")
+    s.Language.French = true;
+  else if (letter == "S")
+    s.Language.Spanish = true;
+  else if (letter == "A")
+    s.Language.German = true;
+  else if (letter == "E")
+    s.Language.English = true;
+  else
+    throw UsageError{"--lang takes E, F, S or A"};
 }
 
 }  // namespace

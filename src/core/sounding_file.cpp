@@ -93,7 +93,8 @@ void read_layer_rows(SoundingState& s, rt::TokenReader& in, const Divisors& d,
     const float rho = in.single();
     const float thickness = in.single();
     const float depth = in.single();
-    resistivity_target(r, 1) = rt::CSng(static_cast<double>(rho / static_cast<float>(s.ResistScale)));
+    resistivity_target(r, 1) =
+        rt::CSng(static_cast<double>(rho / static_cast<float>(s.ResistScale)));
     resistivity_target(r, 2) = rt::CSng(static_cast<double>(thickness / 100.f));
     depth_target(r, 3) = rt::CSng(static_cast<double>(depth / 100.f));
   }
@@ -137,7 +138,8 @@ void tell_read_error(Session& session) {
 bool read_sounding_file(Session& session, std::string& path) {
   SoundingState& s = session.s;
   if (s.FileName.empty() && s.OverlayFileName.empty()) {
-    session.tell(session.text("Sélectionnez d'abord un fichier ", "Primero, seleccione un fichero... ",
+    session.tell(session.text("Sélectionnez d'abord un fichier ",
+                              "Primero, seleccione un fichero... ",
                               "First, select a SEV File... "));
     return false;
   }
@@ -201,7 +203,8 @@ std::string tx3_text(const SoundingState& s) {
     out.end_line();
   }
   for (int r = 1; r <= 20; ++r) {
-    for (int c = 1; c <= 3; ++c) out.number(rt::CLng(s.LayerModel(r, c).times(100)), rt::Kind::Int32);
+    for (int c = 1; c <= 3; ++c)
+      out.number(rt::CLng(s.LayerModel(r, c).times(100)), rt::Kind::Int32);
     out.end_line();
   }
   for (const std::string* text : {&s.CommentText, &s.DataOrigin, &s.GraphTitle, &s.LocationX,
@@ -301,9 +304,9 @@ void Calcul_TX3(Session& session) {
     session.forms.select_tab(1);
     return;
   }
-  session.tell(session.text(
-      "Vous devez d'abord sélectionner un fichier ou entrer des données terrains",
-      "Primero, seleccione un fichero", "First select a file"));
+  session.tell(
+      session.text("Vous devez d'abord sélectionner un fichier ou entrer des données terrains",
+                   "Primero, seleccione un fichero", "First select a file"));
   session.forms.set_pointer(PointerTarget::Screen, kPointerDefault);
 }
 

@@ -18,12 +18,12 @@ enum class SpreadType { Schlumberger, Dipole, Wenner };
 // Work modes: whose behalf the shared calculation and drawing routines run on.
 namespace mode {
 inline constexpr const char* kNormal = "NORMAL";
-inline constexpr const char* kFile = "FICHIER";        // batch: no questions, no drawing
-inline constexpr const char* kField = "FIELD";         // table being filled: no field marks
-inline constexpr const char* kPrinter = "IMPRIME";     // curves on the printed page
-inline constexpr const char* kPreview = "FRMPRINT";    // curves on the preview page
-inline constexpr const char* kAutomatic = "AUTOMATIC"; // a first model was just built
-inline constexpr const char* kSuperpose = "SUPERPOSE"; // tested everywhere, set by no command
+inline constexpr const char* kFile = "FICHIER";         // batch: no questions, no drawing
+inline constexpr const char* kField = "FIELD";          // table being filled: no field marks
+inline constexpr const char* kPrinter = "IMPRIME";      // curves on the printed page
+inline constexpr const char* kPreview = "FRMPRINT";     // curves on the preview page
+inline constexpr const char* kAutomatic = "AUTOMATIC";  // a first model was just built
+inline constexpr const char* kSuperpose = "SUPERPOSE";  // tested everywhere, set by no command
 }  // namespace mode
 
 // Spanish, French, English, German: exactly one is true.
@@ -34,10 +34,10 @@ struct LanguageFlags {
   bool German = false;
 };
 
-using FieldTableT = rt::Table<Cell, 52, 8>;    // rows 0..51, columns 0..7; data from row 1
-using LayerTableT = rt::Table<Cell, 22, 4>;    // rows 0..21, columns 0..3; data from row 1
-using HistorySlotT = rt::Table<Cell, 22, 3>;   // rows 0..21, columns 0..2
-using ModelCurveT = rt::Table<Cell, 101, 4>;   // rows 0..100, columns 0..3
+using FieldTableT = rt::Table<Cell, 52, 8>;   // rows 0..51, columns 0..7; data from row 1
+using LayerTableT = rt::Table<Cell, 22, 4>;   // rows 0..21, columns 0..3; data from row 1
+using HistorySlotT = rt::Table<Cell, 22, 3>;  // rows 0..21, columns 0..2
+using ModelCurveT = rt::Table<Cell, 101, 4>;  // rows 0..100, columns 0..3
 
 struct SoundingState {
   // Field readings. Columns: 1 AB/2, 2 apparent resistivity in use, 3 MN/2, 4 DeltaV, 5 K, 6 I,

@@ -1,7 +1,7 @@
 #include "model/forward.h"
 
-#include <cmath>
 #include <algorithm>
+#include <cmath>
 
 #include "core/runtime/arithmetic.h"
 #include "core/runtime/discipline.h"
@@ -11,29 +11,29 @@ namespace tellux {
 
 namespace {
 
-constexpr double kLog10Factor = 0.4343;    // the program's log10(e); keep it so
-constexpr double kFilterOffset = 822.8;     // where the Schlumberger filter's abscissas start
+constexpr double kLog10Factor = 0.4343;  // the program's log10(e); keep it so
+constexpr double kFilterOffset = 822.8;  // where the Schlumberger filter's abscissas start
 
 // Schlumberger weights on S[1], S[3], ..., S[35].
-constexpr double kSchlumbergerWeights[18] = {
-    0.0042,  -0.0103, 0.0144, -0.0211, 0.033,  -0.0574, 0.1184,  -0.3162, 1.0219,
-    -2.4514, 1.8192,  0.6486, 0.1739,  0.0079, 0.02,    -0.0106, 0.0093,  -0.0038};
+constexpr double kSchlumbergerWeights[18] = {0.0042, -0.0103, 0.0144, -0.0211, 0.033,  -0.0574,
+                                             0.1184, -0.3162, 1.0219, -2.4514, 1.8192, 0.6486,
+                                             0.1739, 0.0079,  0.02,   -0.0106, 0.0093, -0.0038};
 
 // Wenner weights on S[1]..S[14]; S[15] is computed and never used.
-constexpr double kWennerWeights[14] = {0.0008, -0.0031, 0.0091, -0.0086, 0.0589, 0.138,  0.8415,
+constexpr double kWennerWeights[14] = {0.0008, -0.0031, 0.0091, -0.0086, 0.0589, 0.138,   0.8415,
                                        1.2348, -1.7514, 0.567,  -0.1029, 0.0193, -0.0042, 0.0006};
 
 // Dipole weights in thousandths on S[1]..S[61]. The tenth term is the plain addend 13.28: S[10]
 // is computed but enters nothing. The filter is required as it stands.
 constexpr double kDipoleAddend = 13.28;
 constexpr double kDipoleWeights[61] = {
-    -0.354,  0.541,   -0.584,  0.634,   -0.695,  0.768,   -0.859,  0.975,   -1.125,   0.0,
-    -1.613,  2.034,   -2.695,  3.822,   -5.945,  10.486,  -21.64,  52.169,  -135.369, 316.645,
-    -510.467, 300.005, 349.389, -199.86, -361.464, -232.369, -32.379, 100.572, 170.055, 184.716,
-    177.528, 154.707, 132.414, 107.953, 89.067,  70.692,  57.719,  45.16,   36.9,     28.541,
-    23.493,  17.934,  14.959,  11.217,  9.55,    6.977,   6.127,   4.306,   3.96,     2.626,
-    2.587,   1.572,   1.715,   0.911,   1.161,   0.498,   0.807,   0.24,    0.581,    0.082,
-    1.32};
+    -0.354,   0.541,   -0.584,   0.634,   -0.695,  0.768,   -0.859,   0.975,    -1.125,
+    0.0,      -1.613,  2.034,    -2.695,  3.822,   -5.945,  10.486,   -21.64,   52.169,
+    -135.369, 316.645, -510.467, 300.005, 349.389, -199.86, -361.464, -232.369, -32.379,
+    100.572,  170.055, 184.716,  177.528, 154.707, 132.414, 107.953,  89.067,   70.692,
+    57.719,   45.16,   36.9,     28.541,  23.493,  17.934,  14.959,   11.217,   9.55,
+    6.977,    6.127,   4.306,    3.96,    2.626,   2.587,   1.572,    1.715,    0.911,
+    1.161,    0.498,   0.807,    0.24,    0.581,   0.082,   1.32};
 
 // Layers read once per run: the tables are checked on the way in, the hot loop then works on
 // plain arrays (the model does not change during a run).
@@ -59,7 +59,10 @@ float single(double v) { return rt::CSng(v); }
 class Run {
  public:
   Run(Session& session, const Layers& layers, TransformCache& cache)
-      : ss_(session), s_(session.s), l_(layers), S_(session.s.TransformSamples.data()),
+      : ss_(session),
+        s_(session.s),
+        l_(layers),
+        S_(session.s.TransformSamples.data()),
         cache_(cache) {
     draws_ = s_.WorkMode != mode::kFile && s_.FitMisfit.num() == 0.0 && session.curve != nullptr;
   }
@@ -95,8 +98,8 @@ class Run {
   // a run-time error, which fails the row (or the priming) that takes it in, exactly where the
   // one-sample-at-a-time order would.
   const double* samples(float first_x, int slots, int& failed) {
-    return cache_.samples(s_.Spread, s_.DecadeStart, first_x, l_.rho, l_.thickness, l_.count,
-                          slots, failed);
+    return cache_.samples(s_.Spread, s_.DecadeStart, first_x, l_.rho, l_.thickness, l_.count, slots,
+                          failed);
   }
 
   // Eight samples per decade on a sliding window of 35, every second one weighted: one new

@@ -8,10 +8,10 @@ namespace tellux {
 
 namespace {
 
-constexpr double kLog10Factor = 0.4343;     // the program's log10(e); keep it so
+constexpr double kLog10Factor = 0.4343;         // the program's log10(e); keep it so
 constexpr double kSchlumbergerStep = 1.333521;  // our rounded 10^(1/8); keep it
-constexpr double kWennerStep = 0.5757;      // a rounded ln(10)/4; keep it
-constexpr double kDipoleStep = 0.2302385;   // close to, but not, ln(10)/10: required as it is
+constexpr double kWennerStep = 0.5757;          // a rounded ln(10)/4; keep it
+constexpr double kDipoleStep = 0.2302385;       // close to, but not, ln(10)/10: required as it is
 
 int per_row(SpreadType spread) {
   return spread == SpreadType::Wenner ? TransformCache::kWennerPerRow
@@ -48,7 +48,8 @@ void TransformCache::build_grid(SpreadType spread, int decade_start, float first
     // sample just taken.
     x_[0] = first_x;
     for (int k = 1; k < size; ++k) {
-      if (!to_single(x_[static_cast<size_t>(k - 1)] * kSchlumbergerStep, x_[static_cast<size_t>(k)])) {
+      if (!to_single(x_[static_cast<size_t>(k - 1)] * kSchlumbergerStep,
+                     x_[static_cast<size_t>(k)])) {
         valid_slots_ = k - 1;
         break;
       }

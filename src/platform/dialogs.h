@@ -13,7 +13,7 @@ enum class Buttons { Ok, OkCancel, YesNo, YesNoCancel };
 enum class Answer { Ok, Cancel, Yes, No };
 
 struct FileDialogRequest {
-  std::string filter;    // "Caption (*.EXT)|*.EXT|..." pairs
+  std::string filter;  // "Caption (*.EXT)|*.EXT|..." pairs
   std::string title;
   std::string proposed;  // the proposed file name or path
   bool overwrite_prompt = false;

@@ -8,7 +8,12 @@
 namespace tellux {
 
 // Mouse-pointer shapes, by the numbers the logic uses.
-enum Pointer : int { kPointerDefault = 0, kPointerArrow = 1, kPointerCross = 2, kPointerHourglass = 11 };
+enum Pointer : int {
+  kPointerDefault = 0,
+  kPointerArrow = 1,
+  kPointerCross = 2,
+  kPointerHourglass = 11
+};
 
 enum class PointerTarget { Screen, MainForm, Bilog };
 

@@ -12,8 +12,11 @@ namespace tellux {
 class GridModel {
  public:
   GridModel(int rows, int cols)
-      : rows_(rows), cols_(cols), text_(static_cast<size_t>(rows * cols)),
-        back_(static_cast<size_t>(rows * cols), -1), fore_(static_cast<size_t>(rows * cols), -1) {}
+      : rows_(rows),
+        cols_(cols),
+        text_(static_cast<size_t>(rows * cols)),
+        back_(static_cast<size_t>(rows * cols), -1),
+        fore_(static_cast<size_t>(rows * cols), -1) {}
 
   int rows() const { return rows_; }
   int cols() const { return cols_; }

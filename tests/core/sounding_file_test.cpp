@@ -14,7 +14,8 @@ std::string twelve_rows_tx3() {
   std::string f = "12.5\r\n";
   const int ab[12] = {10, 15, 20, 30, 40, 50, 70, 100, 150, 200, 300, 400};
   for (int i = 0; i < 12; ++i)
-    f += std::to_string(ab[i] * 10) + "," + std::to_string(10000 + i * 150) + ",50,1234,4320,100\r\n";
+    f += std::to_string(ab[i] * 10) + "," + std::to_string(10000 + i * 150) +
+         ",50,1234,4320,100\r\n";
   f += "10000,200,0\r\n5000,1000,200\r\n20000,0,1200\r\n";
   for (int r = 4; r <= 20; ++r) f += "0,0,0\r\n";
   f += "\"comment\"\r\n\"\"\r\n\"title\"\r\n\"1000\"\r\n\"2000\"\r\n\"350\"\r\n\"45\"\r\n";
@@ -228,8 +229,9 @@ TEST_F(WriteTest, WritesTheFormatAndReadsBackTheSameRecord) {
   ASSERT_TRUE(write_sounding_file(session, p));
   EXPECT_TRUE(dialogs.messages.empty());  // no question in batch work
   const std::string text = read("w.TX3");
-  EXPECT_EQ(text.substr(0, 77),
-            "2.5\r\n15,12346,50,123,1.234568E+07,12\r\n30,50,0,0,0,14\r\n10000,250,0\r\n1000,0,0\r\n");
+  EXPECT_EQ(
+      text.substr(0, 77),
+      "2.5\r\n15,12346,50,123,1.234568E+07,12\r\n30,50,0,0,0,14\r\n10000,250,0\r\n1000,0,0\r\n");
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1 + 2 + 20 + 7);
   EXPECT_NE(text.find("\r\n\"été\"\r\n\"PASI\"\r\n\"\"\r\n\"12.5\"\r\n"), std::string::npos);
 

@@ -53,8 +53,9 @@ class ForwardTest : public testing::SessionTest {
 TEST_F(ForwardTest, OneLayerGivesItsResistivityThroughEachFilter) {
   field({{1, 100}, {1000, 100}});
   model({{100, 0}});
-  const std::pair<SpreadType, double> expected[] = {
-      {SpreadType::Schlumberger, 100.0}, {SpreadType::Wenner, 99.98}, {SpreadType::Dipole, 99.88298}};
+  const std::pair<SpreadType, double> expected[] = {{SpreadType::Schlumberger, 100.0},
+                                                    {SpreadType::Wenner, 99.98},
+                                                    {SpreadType::Dipole, 99.88298}};
   for (auto [spread, value] : expected) {
     s.Spread = spread;
     ForwardCurve(session);
@@ -138,9 +139,10 @@ TEST_F(ForwardTest, ANoughtMaxAbHalfComputesNothing) {
 TEST_F(ForwardTest, ANoughtResistivityAboveTheBottomIsACalculationError) {
   field({{1, 100}, {1000, 100}});
   model({{0, 10}, {100, 0}});
-  const std::pair<char, const char*> texts[] = {
-      {'E', "Calculation error..."}, {'F', "Erreur de calcul"}, {'S', "Error de calculo..."},
-      {'A', "Calculation error..."}};
+  const std::pair<char, const char*> texts[] = {{'E', "Calculation error..."},
+                                                {'F', "Erreur de calcul"},
+                                                {'S', "Error de calculo..."},
+                                                {'A', "Calculation error..."}};
   for (auto [letter, text] : texts) {
     use_language(letter);
     dialogs.messages.clear();

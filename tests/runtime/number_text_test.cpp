@@ -27,7 +27,7 @@ TEST(NumberText, SinglesCarrySevenDigitsAndTurnToExponentFormAtTenMillion) {
   EXPECT_EQ(CStrSingle(9999999.f), "9999999");
   EXPECT_EQ(CStrSingle(12345678.f), "1.234568E+07");
   EXPECT_EQ(CStrSingle(10000000.f), "1E+07");
-  EXPECT_EQ(CStrSingle(0.1f), ".1");       // not .100000001490116
+  EXPECT_EQ(CStrSingle(0.1f), ".1");  // not .100000001490116
   EXPECT_EQ(CStrSingle(3.14159274f), "3.141593");
   EXPECT_EQ(CStrSingle(-2.5e-7f), "-2.5E-07");
 }

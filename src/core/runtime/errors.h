@@ -7,11 +7,11 @@
 namespace tellux::rt {
 
 enum ErrorNumber : int {
-  kInvalidCall = 5,       // log of a non-positive value, square root of a negative
-  kOverflow = 6,          // integer out of range, exp overflow, 0/0
-  kSubscript = 9,         // index outside a table's declared bounds
-  kDivisionByZero = 11,   // integer and floating division alike
-  kTypeMismatch = 13,     // text where a number was expected
+  kInvalidCall = 5,      // log of a non-positive value, square root of a negative
+  kOverflow = 6,         // integer out of range, exp overflow, 0/0
+  kSubscript = 9,        // index outside a table's declared bounds
+  kDivisionByZero = 11,  // integer and floating division alike
+  kTypeMismatch = 13,    // text where a number was expected
   kFileNotFound = 53,
   kDiskFull = 61,
   kInputPastEnd = 62,

@@ -51,7 +51,7 @@ class Table {
     if (r < 0 || r >= Rows || c < 0 || c >= Cols) raise(kSubscript);
   }
   static size_t index(int r, int c) { return static_cast<size_t>(r * Cols + c); }
-  std::array<T, static_cast<size_t>(Rows * Cols)> data_{};
+  std::array<T, static_cast<size_t>(Rows* Cols)> data_{};
 };
 
 }  // namespace tellux::rt

@@ -19,12 +19,12 @@ class TokenReader {
   explicit TokenReader(std::string content) : text_(std::move(content)) {}
   static TokenReader open(const std::string& path) { return TokenReader(read_whole_file(path)); }
 
-  double number();        // error 13 for a token that is not a number
-  float single();         // a number kept in single precision
-  int16_t integer16();    // a number rounded half to even into 16 bits (error 6 outside)
-  std::string text();     // a quoted or plain string item, as UTF-8
-  std::string line();     // the rest of the current line, as UTF-8
-  bool at_end() const;    // nothing but line ends and blanks remain
+  double number();      // error 13 for a token that is not a number
+  float single();       // a number kept in single precision
+  int16_t integer16();  // a number rounded half to even into 16 bits (error 6 outside)
+  std::string text();   // a quoted or plain string item, as UTF-8
+  std::string line();   // the rest of the current line, as UTF-8
+  bool at_end() const;  // nothing but line ends and blanks remain
 
  private:
   void skip_separators_before_item();
