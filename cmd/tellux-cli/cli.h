@@ -68,5 +68,6 @@ int cmd_write(Cli& cli, const Args& args);
 int cmd_plot(Cli& cli, const Args& args);
 int cmd_automodel(Cli& cli, const Args& args);
 int cmd_fit(Cli& cli, const Args& args);
+int cmd_compute(Cli& cli, const Args& args);
 
 }  // namespace tellux::cli

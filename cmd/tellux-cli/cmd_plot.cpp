@@ -1,6 +1,11 @@
 // tellux-cli plot: the bilog diagram of a sounding as the Bilog tab shows it after a compute of
 // its model, written as a picture (PNG, SVG) and as the list of drawing operations.
 #include <QGuiApplication>
+#include <QPageLayout>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -45,12 +50,34 @@ void toolkit_messages(QtMsgType type, const QMessageLogContext&, const QString& 
     std::fprintf(stderr, "tellux-cli: %s\n", text.toLocal8Bit().constData());
 }
 
+// The diagram on an A4 landscape page, as vectors: the picture's operations are painted again
+// on the PDF, scaled to the page inside margins of 15 mm. The writer works at the picture's own
+// resolution so that the text keeps its size against the lines.
+bool write_pdf(const QtDrawingSurface& picture, const QString& path, const QString& title) {
+  QPdfWriter pdf(path);
+  pdf.setTitle(title);
+  pdf.setCreator(QStringLiteral("Tellux 6.4"));
+  pdf.setResolution(96);
+  pdf.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Landscape,
+                                QMarginsF(15, 15, 15, 15), QPageLayout::Millimeter));
+  QPainter p;
+  if (!p.begin(&pdf)) return false;
+  const QRect page = pdf.pageLayout().paintRectPixels(pdf.resolution());
+  const double scale = std::min(page.width() / static_cast<double>(picture.width()),
+                                page.height() / static_cast<double>(picture.height()));
+  p.translate((page.width() - picture.width() * scale) / 2, 0);
+  p.scale(scale, scale);
+  p.setRenderHint(QPainter::Antialiasing, true);
+  picture.render(p);
+  return p.end();
+}
+
 }  // namespace
 
 int cmd_plot(Cli& cli, const Args& args) {
   if (args.positional.size() != 1)
     throw UsageError{
-        "usage: tellux-cli plot FILE [--array A] [--png OUT] [--svg OUT] [--ops OUT] "
+        "usage: tellux-cli plot FILE [--array A] [--png OUT] [--svg OUT] [--pdf OUT] [--ops OUT] "
         "[--size WxH] [--steps] [--errors]"};
   apply_array(cli, args);
   const Size size = args.has("--size") ? parse_size(args.get("--size")) : Size{};
@@ -106,6 +133,9 @@ int cmd_plot(Cli& cli, const Args& args) {
          [&](const std::string& p) { return picture.save_png(QString::fromStdString(p)); });
   output("--svg", "Svg", [&](const std::string& p) {
     return picture.save_svg(QString::fromStdString(p), QString::fromStdString(s.FileName));
+  });
+  output("--pdf", "Pdf", [&](const std::string& p) {
+    return write_pdf(picture, QString::fromStdString(p), QString::fromStdString(s.FileName));
   });
   output("--ops", "Ops", [&](const std::string& p) { return record.save(p); });
   j.end_object();

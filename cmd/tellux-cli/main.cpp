@@ -23,13 +23,16 @@ const Entry kCommands[] = {
     {"forward", cmd_forward,
      "forward FILE [--array schlumberger|dipole|wenner] [--decade-start N]"},
     {"write", cmd_write, "write FILE OUT"},
+    {"compute", cmd_compute,
+     "compute FILE [--array schlumberger|dipole|wenner] [--shift 0|1] [--half-array 1|2] "
+     "[--marine W]"},
     {"automodel", cmd_automodel,
      "automodel FILE [--array schlumberger|dipole|wenner] [--sensitivity S]"},
     {"fit", cmd_fit,
      "fit FILE [--array schlumberger|dipole|wenner] [--decade-start N] "
      "[--thickness-decimals 0|1|2] [--sensitivity S] [--out OUT]"},
     {"plot", cmd_plot,
-     "plot FILE [--array schlumberger|dipole|wenner] [--png OUT] [--svg OUT] [--ops OUT] "
+     "plot FILE [--array schlumberger|dipole|wenner] [--png OUT] [--svg OUT] [--pdf OUT] [--ops OUT] "
      "[--size WxH] [--steps] [--errors]"},
 };
 

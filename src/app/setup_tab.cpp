@@ -7,6 +7,7 @@
 #include "core/runtime/discipline.h"
 #include "core/runtime/number_text.h"
 #include "model/forward.h"
+#include "model/overlay_store.h"
 #include "plot/bilog_frame.h"
 
 namespace tellux {
@@ -177,42 +178,13 @@ void SetupTab::Command11_Click() {
 
 // The stored models come out in the superposed colour, the current one in its own colours.
 void SetupTab::replay_models() {
-  const auto load_slot = [&](int slot) {
-    const HistorySlotT& stored = s_.LayerHistory[slot];
-    for (int r = 1; r <= 20; ++r) {
-      s_.LayerModel(r, 1) = stored(r, 1);
-      s_.LayerModel(r, 2) = stored(r, 2);
-    }
-    s_.LayerCount = s_.HistoryCounts[slot];
-  };
-  const auto draw_options = [&] {
-    if (!session_.curve) return;
-    if (s_.ShowModelSteps == 1) session_.curve->model_steps();
-    if (s_.ShowErrorCurve == 1) session_.curve->error_curve();
-  };
-
-  // The current model is not lost in the replay: it goes to the slot being filled.
-  const int current = s_.HistoryLast + 1;
-  if (s_.LayerHistory[current](1, 1).num() == 0) {
-    HistorySlotT& slot = s_.LayerHistory[current];
-    for (int r = 1; r <= 20; ++r) {
-      slot(r, 1) = s_.LayerModel(r, 1);
-      slot(r, 2) = s_.LayerModel(r, 2);
-    }
-    s_.HistoryCounts[current] = s_.LayerCount;
-  }
-  if (s_.SuperposeCurve == 1) {
-    for (int slot = 1; slot <= s_.HistoryLast + s_.HistoryBase; ++slot) {
-      load_slot(slot);
-      ForwardCurve(session_);
-      draw_options();
-    }
-  }
+  KeepModelInWork(s_);
+  if (s_.SuperposeCurve == 1) ReplayStoredModels(session_, s_.HistoryLast + s_.HistoryBase);
   s_.ColourGrid = true;
   if (s_.ModelCurve(1, 1).num() > 0) {
-    load_slot(s_.HistoryShown + 1);
+    LoadModelFromSlot(s_, s_.HistoryShown + 1);
     ForwardCurve(session_);
-    draw_options();
+    DrawCurveOptions(session_);
   }
 }
 

@@ -51,6 +51,9 @@ struct SoundingState {
   int16_t LayerCount = 0;
   LayerTableT OverlayModel;
   rt::Array1<int16_t, 22> LayerLocks;  // 0 free, 1 resistivity fixed, 2 thickness fixed, 3 both
+  // Altitude of the top of each layer: the number of `LocationZ` less the depth, rounded to the
+  // decimals of the thicknesses (`ComputeDepths`). Only meaningful while `LocationZ` is not empty.
+  rt::Array1<double, 22> LayerAltitudes;
 
   // Stored models of the model editor.
   rt::Array1<HistorySlotT, 22> LayerHistory;

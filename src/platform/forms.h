@@ -37,6 +37,15 @@ class Forms {
   virtual void refresh_model_grid() {}
   // The field sheet is filled from the sounding.
   virtual void fill_sheet() {}
+  // The Bilog frame is drawn again with the field marks (`DrawBilogFrame` on the screen); the
+  // curves on it are lost.
+  virtual void redraw_bilog_frame() {}
+  // The field sheet `BuildGrid` takes the keyboard focus.
+  virtual void focus_field_sheet() {}
+  // The short warning sound of a refused command.
+  virtual void beep() {}
+  // Index of the current tab of `SSTab1`; -1 when there is no main window.
+  virtual int current_tab() const { return -1; }
 };
 
 }  // namespace tellux

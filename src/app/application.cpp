@@ -1,0 +1,27 @@
+#include "app/application.h"
+
+#include "core/data_dir.h"
+#include "plot/bilog_frame.h"
+
+namespace tellux {
+
+Application::Application(Dialogs& dialogs, Forms& forms, DrawingSurface& Bilog,
+                         SystemServices& system, std::string settings_path)
+    : session{s, dialogs, forms},
+      drawing(session, BilogSurfaces{&Bilog, nullptr, nullptr}),
+      frmSplash(session),
+      main(session, settings, std::move(settings_path), Bilog, system, frmSplash),
+      sheet(session, settings.SevFile),
+      setup(session, Bilog, main.Text1, main.Text4, &sheet.BuildGrid) {
+  prepare_bilog_surface(Bilog);
+  drawing.attach();
+  main.attach(setup, sheet);
+}
+
+void Application::Option_Click(int index) {
+  setup.Option_Click(index);
+  static const char* kTags[] = {"0", "1", "2"};
+  if (index >= 0 && index <= 2) settings.SevFile = spread_file_for(kTags[index]);
+}
+
+}  // namespace tellux

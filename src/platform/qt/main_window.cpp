@@ -1,0 +1,394 @@
+#include "platform/qt/main_window.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include "platform/qt/grid_view.h"
+#include "platform/qt/setup_widget.h"
+#include "platform/qt/sheet_widget.h"
+#include "platform/qt/splash_window.h"
+#include "platform/qt/toolbar_icons.h"
+#include "plot/bilog_frame.h"
+
+namespace tellux {
+
+namespace {
+
+QString q(const std::string& s) { return QString::fromStdString(s); }
+
+// Toolbar buttons in their order: key (also the key of the picture) and tip. The tips are in
+// English in every language.
+struct Tool {
+  const char* key;
+  const char* tip;
+};
+constexpr Tool kTools[] = {{"open", "Open File"},  {"save", "Save File"},
+                           {"bilog", "New SEV"},   {"computation", "Show model"},
+                           {"Help", "Help file"},  {"Clip_Bd", "Copy the screen to the Clipboard "},
+                           {"stop", "Exit Tellux"}};
+
+QLineEdit* status_box(const char* name, QWidget* parent) {
+  auto* box = new QLineEdit(parent);
+  box->setObjectName(QLatin1String(name));
+  box->setReadOnly(true);
+  box->setFocusPolicy(Qt::NoFocus);
+  return box;
+}
+
+// A recent-file caption keeps its "&1" key; an ampersand of the path is shown as it is.
+QString menu_caption(const std::string& caption) {
+  QString text = q(caption);
+  if (text.size() > 3) text = text.left(3) + text.mid(3).replace(QLatin1Char('&'), "&&");
+  return text;
+}
+
+}  // namespace
+
+MainWindow::MainWindow(Application& app, QtDrawingSurface& bilog, QtForms& forms,
+                       QtDialogs* dialogs)
+    : app_(app), surface_(bilog), forms_(forms) {
+  setObjectName(QStringLiteral("SEV"));
+  setWindowTitle(QString::fromUtf8(kProgramTitle));
+  setWindowIcon(program_icon());
+  setMinimumSize(kMinFormWidth / kTwipsPerPixel, kMinFormHeight / kTwipsPerPixel);
+  resize(1000, 740);
+  if (dialogs) dialogs->set_parent(this);
+
+  build_menu();
+  build_toolbar();
+
+  auto* central = new QWidget;
+  setCentralWidget(central);
+  tabs_ = new QTabWidget(central);
+  tabs_->setObjectName(QStringLiteral("SSTab1"));
+  tabs_->setDocumentMode(false);
+  sheet_ = new SheetWidget(app_.sheet);
+  setup_ = new SetupWidget(app_.setup);
+  profile_grid_ = new GridView(app_.main.SEV_Grid);
+  profile_grid_->setObjectName(QStringLiteral("SEV_Grid"));
+  // Column widths of the profile table: 3125 twips for the file name, 960 for the others.
+  profile_grid_->setColumnWidth(0, 3125 / kTwipsPerPixel);
+  for (int c = 1; c < 7; ++c) profile_grid_->setColumnWidth(c, 960 / kTwipsPerPixel);
+  tabs_->addTab(build_bilog_page(), QString::fromUtf8(kTabCaptions[0]));
+  tabs_->addTab(sheet_, QString::fromUtf8(kTabCaptions[1]));
+  tabs_->addTab(placeholder(QStringLiteral("The report preview comes in a later version.")),
+                QString::fromUtf8(kTabCaptions[2]));
+  tabs_->addTab(setup_, QString::fromUtf8(kTabCaptions[3]));
+  tabs_->addTab(profile_grid_, QString::fromUtf8(kTabCaptions[4]));
+  tabs_->addTab(placeholder(QStringLiteral("The profile drawing comes in a later version.")),
+                QString::fromUtf8(kTabCaptions[5]));
+  connect(tabs_, &QTabWidget::currentChanged, this,
+          [this](int index) { run([this, index] { app_.main.SSTab1_Click(index); }); });
+
+  splash_ = new SplashWindow(app_.frmSplash, this);
+  app_.frmSplash.on_unload = [this] { splash_->hide(); };
+  connect(splash_, &QDialog::finished, this, [this] { app_.frmSplash.visible = false; });
+  splash_->on_action = [this] { refresh(); };
+
+  sheet_->on_changed = [this] { refresh(); };
+  setup_->on_changed = [this] { refresh(); };
+  setup_->on_option = [this](int index) { app_.Option_Click(index); };
+  setup_->on_status = [this] { text1_->setText(q(app_.main.Text1.Text)); };
+  bilog_->on_mouse = [this](float x, float y) {
+    app_.main.Bilog_MouseMove(x, y);
+    text1_->setText(q(app_.main.Text1.Text));
+  };
+  app_.main.end_program = [this] { end_program(); };
+  wire_forms();
+}
+
+MainWindow::~MainWindow() {
+  set_screen_pointer(kPointerDefault);
+  forms_ = QtForms();
+}
+
+QWidget* MainWindow::build_bilog_page() {
+  bilog_page_ = new QWidget;
+  bilog_page_->setObjectName(QStringLiteral("BilogPage"));
+  bilog_ = new BilogWidget(surface_, bilog_page_);
+  text1_ = status_box("Text1", bilog_page_);
+  text1_->setToolTip(QStringLiteral("Position of the mouse on the diagram"));
+  name_box_ = status_box("NameBox", bilog_page_);
+  name_box_->setToolTip(QStringLiteral("Sounding"));
+  text3_ = status_box("Text3", bilog_page_);
+  text4_ = status_box("Text4", bilog_page_);
+  text4_->setToolTip(QStringLiteral("Array"));
+  return bilog_page_;
+}
+
+QWidget* MainWindow::placeholder(const QString& what) {
+  auto* page = new QWidget;
+  auto* label = new QLabel(what, page);
+  label->setAlignment(Qt::AlignCenter);
+  label->setEnabled(false);
+  (new QVBoxLayout(page))->addWidget(label);
+  return page;
+}
+
+QAction* MainWindow::action(const QString& name) const { return findChild<QAction*>(name); }
+
+void MainWindow::build_menu() {
+  QMenuBar* bar = menuBar();
+  // A command of the menu; commands without a handler are shown disabled.
+  const auto add = [this](QMenu* menu, const char* name, const char* caption,
+                          std::function<void()> handler) {
+    QAction* a = menu->addAction(QString::fromUtf8(caption));
+    a->setObjectName(QLatin1String(name));
+    if (handler)
+      connect(a, &QAction::triggered, this, [this, handler] { run(handler); });
+    else
+      a->setEnabled(false);
+    return a;
+  };
+  MainForm& main = app_.main;
+
+  QMenu* file = bar->addMenu(QStringLiteral("&File"));
+  file->setObjectName(QStringLiteral("NData"));
+  add(file, "NewFile", "&New File/Nouveau fichier", [&main] { main.NewFile_Click(); });
+  add(file, "NFile", "Read/&Lecture ", [&main] { main.NFile_Click(); });
+  add(file, "NRecord", "&Save/EnRegistre ", [&main] { main.NRecord_Click(); });
+  add(file, "HORSLICE", "Extraction for SURFER", nullptr);
+  add(file, "xlsave", "Save for &XL", nullptr);
+  QMenu* convert = file->addMenu(QStringLiteral("&Conversions"));
+  convert->setObjectName(QStringLiteral("Nconvert"));
+  const std::pair<const char*, const char*> converters[] = {{"Sheet", "&Multiple soundings sheet"},
+                                                            {"RES2DINV", "&RES2DINV"},
+                                                            {"SAS1000", "SAS&1000 to TX3"},
+                                                            {"NAbem", "&ABEM  to TX3"},
+                                                            {"Syscal", "&Syscal to TX3"},
+                                                            {"Geotrade", "&Geotrade to TX3"},
+                                                            {"PASI", "&PASI to TX3"},
+                                                            {"astier", "Astier to TX3"},
+                                                            {"OYO", "&OYO to TX3"},
+                                                            {"Bak_M", "&BAK to TX3"}};
+  for (const auto& [name, caption] : converters) add(convert, name, caption, nullptr);
+  file->addSeparator();
+  for (int slot = 1; slot <= 5; ++slot) {
+    const std::string name = "F" + std::to_string(slot) + "_F";
+    const std::string caption = "File &" + std::to_string(slot);
+    recent_[static_cast<size_t>(slot)] =
+        add(file, name.c_str(), caption.c_str(), [&main, slot] { main.recent_Click(slot); });
+  }
+  file->addSeparator();
+  add(file, "E_M", "&EXIT", [&main] { main.E_M_Click(); });
+
+  QAction* modele = bar->addAction(QStringLiteral("&Model + Calcul"));
+  modele->setObjectName(QStringLiteral("NModele"));
+  connect(modele, &QAction::triggered, this, [this] { show_model_window(); });
+
+  QMenu* calcul = bar->addMenu(QStringLiteral("&Calculation"));
+  calcul->setObjectName(QStringLiteral("NCalcul"));
+  add(calcul, "N1Calcul", "Calcul", [this, &main] {
+    if (main.compute_model)
+      main.compute_model();
+    else
+      show_model_window();
+  });
+  add(calcul, "NAjust", "Curve fitting/&Ajustage", [this, &main] {
+    if (main.fit_model)
+      main.fit_model();
+    else
+      show_model_window();
+  });
+
+  QMenu* util = bar->addMenu(QStringLiteral("&Utility"));
+  util->setObjectName(QStringLiteral("Nutil"));
+  add(util, "NCalculator", "Calculator", nullptr);
+  add(util, "CopyClipBoard", "Copy to &clipBoard", nullptr);
+
+  QMenu* help = bar->addMenu(QStringLiteral("&Help"));
+  help->setObjectName(QStringLiteral("NHelp"));
+  add(help, "NAuteur", "Author", nullptr);
+  add(help, "WS", "About Tellux", nullptr);
+  add(help, "Help_US", "Tellux Help", nullptr);
+  add(help, "video", "Video", nullptr);
+}
+
+void MainWindow::build_toolbar() {
+  toolbar_ = addToolBar(QStringLiteral("Toolbar1"));
+  toolbar_->setObjectName(QStringLiteral("Toolbar1"));
+  toolbar_->setMovable(false);
+  toolbar_->setIconSize(QSize(24, 24));
+  for (const Tool& tool : kTools) {
+    const QString key = QLatin1String(tool.key);
+    QAction* a = toolbar_->addAction(toolbar_icon(key), key);
+    a->setObjectName(key);
+    a->setToolTip(QString::fromUtf8(tool.tip));
+    connect(a, &QAction::triggered, this, [this, key] {
+      run([this, key] { app_.main.Toolbar1_ButtonClick(key.toStdString()); });
+    });
+  }
+  toolbar_->addSeparator();
+  // The place "combo1" holds the language box.
+  combo6_ = new QComboBox;
+  combo6_->setObjectName(QStringLiteral("Combo6"));
+  combo6_->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  combo6_->setToolTip(QStringLiteral("Language"));
+  toolbar_->addWidget(combo6_);
+  connect(combo6_, &QComboBox::currentIndexChanged, this, [this](int index) {
+    if (refreshing_ || index < 0) return;
+    run([this, index] {
+      app_.main.Combo6.ListIndex(index);
+      app_.main.Combo6_Click();
+    });
+  });
+}
+
+void MainWindow::wire_forms() {
+  forms_.on_caption = [this](const std::string& caption) { setWindowTitle(q(caption)); };
+  forms_.on_pointer = [this](PointerTarget target, int shape) {
+    switch (target) {
+      case PointerTarget::Bilog:
+        bilog_->set_pointer(shape);
+        break;
+      case PointerTarget::MainForm:
+        setCursor(shape == kPointerHourglass ? Qt::WaitCursor : Qt::ArrowCursor);
+        break;
+      case PointerTarget::Screen:
+        set_screen_pointer(shape);
+        break;
+    }
+  };
+  forms_.on_select_tab = [this](int index) { tabs_->setCurrentIndex(index); };
+  forms_.on_current_tab = [this] { return tabs_->currentIndex(); };
+  forms_.on_recent_caption = [this](int slot, const std::string& caption) {
+    if (slot >= 1 && slot <= 5) recent_[static_cast<size_t>(slot)]->setText(menu_caption(caption));
+  };
+  forms_.on_repaint = [this] { refresh(); };
+  forms_.on_fill_sheet = [this] {
+    app_.sheet.refill();
+    sheet_->refresh();
+  };
+  forms_.on_redraw_bilog_frame = [this] {
+    app_.main.draw_empty_frame();
+    bilog_->update();
+  };
+  forms_.on_focus_field_sheet = [this] { sheet_->grid()->setFocus(); };
+  forms_.on_beep = [] { QApplication::beep(); };
+}
+
+void MainWindow::show_model_window() { forms_.show_model_window(); }
+
+void MainWindow::set_screen_pointer(int shape) {
+  if (shape == kPointerHourglass && !screen_busy_) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    screen_busy_ = true;
+  } else if (shape != kPointerHourglass && screen_busy_) {
+    QApplication::restoreOverrideCursor();
+    screen_busy_ = false;
+  }
+}
+
+bool MainWindow::start() {
+  // Help and the clipboard are there when the program has them.
+  action(QStringLiteral("Help"))->setEnabled(static_cast<bool>(app_.main.open_manual));
+  action(QStringLiteral("Clip_Bd"))->setEnabled(static_cast<bool>(app_.main.copy_picture));
+  if (!app_.main.Form_Load()) return false;
+  loaded_ = true;
+  apply_layout();
+  refresh();
+  show();
+  if (app_.frmSplash.visible) {
+    splash_->refresh();
+    splash_->show();
+    splash_->raise();
+    splash_->activateWindow();
+  }
+  return true;
+}
+
+void MainWindow::run(const std::function<void()>& action) {
+  action();
+  refresh();
+}
+
+void MainWindow::refresh() {
+  if (refreshing_) return;
+  refreshing_ = true;
+  MainForm& main = app_.main;
+  text1_->setText(q(main.Text1.Text));
+  name_box_->setText(q(main.NameBox.Text));
+  text3_->setText(q(main.Text3.Text));
+  text4_->setText(q(main.Text4.Text));
+  bool same = combo6_->count() == main.Combo6.ListCount();
+  for (int i = 0; same && i < combo6_->count(); ++i)
+    same = combo6_->itemText(i) == q(main.Combo6.List(i));
+  if (!same) {
+    combo6_->clear();
+    for (int i = 0; i < main.Combo6.ListCount(); ++i) combo6_->addItem(q(main.Combo6.List(i)));
+  }
+  combo6_->setCurrentIndex(main.Combo6.ListIndex());
+  sheet_->refresh();
+  setup_->refresh();
+  profile_grid_->refresh();
+  splash_->refresh();
+  if (!app_.frmSplash.visible && splash_->isVisible()) splash_->hide();
+  bilog_->update();
+  refreshing_ = false;
+}
+
+// The parts take their share of the window as the old form gave them, in twips of 15 to the
+// pixel: the tabs 0.97 of the width and 0.89 of the height, the diagram 0.98 and 0.87 of the tabs.
+void MainWindow::apply_layout() {
+  const int w = width() * kTwipsPerPixel, h = height() * kTwipsPerPixel;
+  const MainLayout l = main_layout(w, h);
+  QWidget* central = centralWidget();
+  const int tab_w = std::min(l.tab_width / kTwipsPerPixel, central->width());
+  const int tab_h = std::min(l.tab_height / kTwipsPerPixel, central->height() - 2);
+  tabs_->setGeometry((central->width() - tab_w) / 2, 2, tab_w, tab_h);
+
+  const int bar = tabs_->tabBar()->sizeHint().height();
+  const int page_h = tab_h - bar - 4;
+  const int bilog_w = std::min(l.bilog_width / kTwipsPerPixel, tab_w - 4);
+  const int status_h = text1_->sizeHint().height();
+  const int bilog_h = std::min(l.bilog_height / kTwipsPerPixel, page_h - status_h - 10);
+  const int x = std::max(0, (tab_w - 4 - bilog_w) / 2);
+  bilog_->setGeometry(x, 4, bilog_w, bilog_h);
+  const int y = 4 + bilog_h + 4;
+  const int text1_w = bilog_w * 34 / 100, name_w = bilog_w * 36 / 100, text3_w = bilog_w * 12 / 100;
+  const int gap = 4;
+  text1_->setGeometry(x, y, text1_w - gap, status_h);
+  name_box_->setGeometry(x + text1_w, y, name_w - gap, status_h);
+  text3_->setGeometry(x + text1_w + name_w, y, text3_w - gap, status_h);
+  text4_->setGeometry(x + text1_w + name_w + text3_w, y, bilog_w - text1_w - name_w - text3_w,
+                      status_h);
+
+  if (!loaded_) return;
+  bilog_->fit_surface();
+  app_.main.Form_Resize(w, h);
+  bilog_->update();
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  apply_layout();
+}
+
+void MainWindow::end_program() {
+  ended_ = true;
+  close();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+  if (!ended_ && app_.main.leave_program()) {
+    event->ignore();  // the user goes on
+    refresh();
+    return;
+  }
+  ended_ = true;
+  splash_->hide();
+  event->accept();
+  if (on_end) on_end();
+}
+
+}  // namespace tellux

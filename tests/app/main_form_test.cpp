@@ -1,0 +1,379 @@
+// The main window's logic without windows: start-up, the toolbar, the tab rules, the resize
+// rules, the language box and the leaving of the program.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "app/application.h"
+#include "core/ini_file.h"
+#include "core/runtime/token_file.h"
+#include "platform/headless/recording_forms.h"
+#include "platform/headless/recording_surface.h"
+#include "platform/headless/scripted_dialogs.h"
+#include "session_fixture.h"
+
+namespace tellux {
+namespace {
+
+struct FakeSystem : SystemServices {
+  std::string separator = ".";
+  bool other_copy = false;
+  int point_chosen = 0;
+  std::string decimal_separator() override { return separator; }
+  void use_point_separator() override { ++point_chosen; }
+  bool another_copy_running() override { return other_copy; }
+};
+
+class MainFormTest : public testing::SessionTest {
+ protected:
+  void SetUp() override {
+    SessionTest::SetUp();
+    ini = path("Tellux6.ini");
+  }
+  Application& make_app() {
+    app = std::make_unique<Application>(dialogs, forms, Bilog, system, ini);
+    return *app;
+  }
+  Application& started(const std::string& ini_text = "") {
+    if (!ini_text.empty()) write("Tellux6.ini", ini_text);
+    make_app();
+    EXPECT_TRUE(app->main.Form_Load());
+    return *app;
+  }
+  std::string sample(const std::string& name) const {
+    return std::string(TELLUX_SOURCE_DIR) + "/samples/" + name;
+  }
+  std::string ini;
+  RecordingSurface Bilog;
+  FakeSystem system;
+  std::unique_ptr<Application> app;
+};
+
+constexpr const char* kDecimalQuestion =
+    "\r\n Decimal separator is a comma, Tellux can modify the decimal separator\r\n"
+    "a point is required to run correctly all modules! ";
+
+TEST_F(MainFormTest, StartUpWithoutSettingsIsEnglishWithTheDefaultAxesAndShowsTheStartWindow) {
+  Application& a = started();
+  EXPECT_TRUE(dialogs.messages.empty());
+  EXPECT_TRUE(a.s.Language.English);
+  EXPECT_EQ(a.s.ResistScale, 100);
+  EXPECT_EQ(a.s.DecadeStart, -1);
+  EXPECT_EQ(a.s.DecadeEnd, 4);
+  EXPECT_EQ(a.s.RhoDecadeStart, 0);
+  EXPECT_EQ(a.s.RhoDecadeEnd, 4);
+  EXPECT_EQ(forms.caption, "Tellux 6.4 [NEW]");  // the sheet names the unnamed sounding
+  EXPECT_EQ(a.s.WorkMode, "");
+  // The empty frame is on the diagram: the label of the left edge is " .1".
+  EXPECT_NE(std::find(Bilog.ops.begin(), Bilog.ops.end(), "Print \" .1\""), Bilog.ops.end());
+  ASSERT_EQ(a.main.Combo6.ListCount(), 4);
+  EXPECT_EQ(a.main.Combo6.List(0), "Français");
+  EXPECT_EQ(a.main.Combo6.List(1), "Deutsch");
+  EXPECT_EQ(a.main.Combo6.List(2), "Español");
+  EXPECT_EQ(a.main.Combo6.List(3), "English");
+  EXPECT_EQ(a.main.Combo6.Text(), "English");
+  EXPECT_EQ(a.frmSplash.Command2.Caption, "Start a new VES");
+  EXPECT_EQ(a.frmSplash.Command4.Caption, "Open a Tellux file");
+  EXPECT_EQ(a.frmSplash.Command3.Caption, "Load last Tellux file");
+  EXPECT_EQ(a.frmSplash.Command5.Caption, "Read Tellux help");
+  EXPECT_TRUE(a.frmSplash.visible);
+  EXPECT_EQ(a.main.SEV_Grid.text(0, 1), "File name");
+  EXPECT_EQ(a.main.SEV_Grid.text(0, 7), "Max. depth");
+  EXPECT_EQ(a.main.Text4.Text, "Schlumberger");
+  // The setup tab and the sheet are filled.
+  EXPECT_EQ(a.setup.Combo1.ListIndex(), 0);
+  EXPECT_EQ(a.setup.Options.Value, 0);
+  EXPECT_EQ(a.sheet.Computation.Caption, "&Compute");
+  EXPECT_EQ(forms.recent_captions[1], "&1 ");
+}
+
+TEST_F(MainFormTest, StartWindowCaptionsFollowTheLanguageAndGermanStandsInEnglish) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"F", "Nouveau sondage"}, {"S", "Empezar nuevo SEV"}, {"A", "Start a new VES"}};
+  for (const auto& [letter, caption] : cases) {
+    write("Tellux6.ini", std::string("[Tellux]\r\nLangue=") + letter + "\r\n");
+    make_app();
+    ASSERT_TRUE(app->main.Form_Load());
+    EXPECT_EQ(app->frmSplash.Command2.Caption, caption) << letter;
+    EXPECT_EQ(app->main.Combo6.Text(), language_name(letter));
+  }
+  EXPECT_EQ(app->frmSplash.Command5.Caption, "Read Tellux help");
+  EXPECT_EQ(app->frmSplash.Command3.Caption, "Load last Tellux file");
+}
+
+TEST_F(MainFormTest, CommaSeparatorIsAskedAboutAndOnlyYesChangesIt) {
+  system.separator = ",";
+  dialogs.answers = {Answer::No};
+  started();
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_EQ(dialogs.messages[0].text, kDecimalQuestion);
+  EXPECT_EQ(dialogs.messages[0].buttons, Buttons::YesNo);
+  EXPECT_EQ(dialogs.messages[0].title, "Tellux 6.4");
+  EXPECT_EQ(system.point_chosen, 0);  // No: the program goes on with the comma
+
+  dialogs.messages.clear();
+  dialogs.answers = {Answer::Yes};
+  started();
+  EXPECT_EQ(system.point_chosen, 1);
+}
+
+TEST_F(MainFormTest, ASecondCopyIsRefusedBeforeTheSettingsAreRead) {
+  write("Tellux6.ini", "[Tellux]\r\nLangue=F\r\n");
+  system.other_copy = true;
+  make_app();
+  EXPECT_FALSE(app->main.Form_Load());
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_EQ(dialogs.messages[0].text, "Cannot load program again.");
+  EXPECT_EQ(dialogs.messages[0].title, "The requested application is already open");
+  EXPECT_EQ(dialogs.messages[0].icon, Icon::Exclamation);
+  EXPECT_FALSE(app->s.Language.French);
+  EXPECT_FALSE(app->frmSplash.visible);
+}
+
+TEST_F(MainFormTest, RecentFilesGetTheirMenuCaptions) {
+  started("[File]\r\nFile 1=/data/a.TX3\r\nFile 2=/data/b.TX3\r\n");
+  EXPECT_EQ(forms.recent_captions[1], "&1 /data/a.TX3");
+  EXPECT_EQ(forms.recent_captions[2], "&2 /data/b.TX3");
+  EXPECT_EQ(forms.recent_captions[3], "&3 ");
+}
+
+TEST_F(MainFormTest, ToolbarOpenReadsTheChosenFileAndShowsTheModelWindow) {
+  Application& a = started();
+  dialogs.open_choices = {{sample("three_layers.TX3")}};
+  a.main.Toolbar1_ButtonClick("open");
+  EXPECT_GT(a.s.FieldCount, 10);
+  EXPECT_EQ(a.s.FileName, "three_layers.TX3");
+  EXPECT_EQ(forms.model_window_shown, 1);
+  EXPECT_FALSE(a.s.FreshStart);
+  EXPECT_EQ(forms.recent_captions[1], "&1 " + sample("three_layers.TX3"));
+}
+
+TEST_F(MainFormTest, ToolbarNewEmptiesTheSoundingAndGoesToTheSheet) {
+  Application& a = started();
+  dialogs.open_choices = {{sample("three_layers.TX3")}};
+  a.main.Toolbar1_ButtonClick("open");
+  forms.log.clear();
+  a.main.Toolbar1_ButtonClick("bilog");
+  EXPECT_EQ(a.s.LayerModel(1, 1).num(), 0);
+  EXPECT_EQ(a.s.ModelComputed, 0);
+  EXPECT_EQ(a.s.FileName, "NEW");  // the sheet names a new sounding
+  EXPECT_EQ(forms.tab, kSheetTab);
+}
+
+TEST_F(MainFormTest, ToolbarSaveWritesUnderThePathAndMarksTheDataSaved) {
+  Application& a = started();
+  const std::string copy = path("copy.TX3");
+  std::filesystem::copy_file(sample("three_layers.TX3"), copy);
+  dialogs.open_choices = {{copy}};
+  a.main.Toolbar1_ButtonClick("open");
+  const std::string before = rt::read_whole_file(copy);
+  std::filesystem::remove(copy);
+  dialogs.answers = {Answer::Yes};  // the writer's question: keep the name
+  a.main.Toolbar1_ButtonClick("save");
+  EXPECT_TRUE(a.s.DataSaved);
+  ASSERT_TRUE(std::filesystem::exists(copy));
+  EXPECT_EQ(rt::read_whole_file(copy), before);
+}
+
+TEST_F(MainFormTest, ComputationKeyShowsTheModelWindow) {
+  Application& a = started();
+  a.main.Toolbar1_ButtonClick("computation");
+  EXPECT_EQ(forms.model_window_shown, 1);
+}
+
+TEST_F(MainFormTest, SevProfileWithoutSoundingsShowsTheStopMessage) {
+  Application& a = started();
+  a.main.SSTab1_Click(5);
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_EQ(dialogs.messages[0].text, "First, you must load SEV files");
+  EXPECT_EQ(dialogs.messages[0].icon, Icon::Critical);
+  a.main.SEV_Grid.set_text(1, 1, "A.TX3");
+  a.main.SSTab1_Click(5);
+  EXPECT_EQ(dialogs.messages.size(), 1u);
+}
+
+TEST_F(MainFormTest, ComingToTheSheetComputesItAndTheBilogTabRedrawsWhenMarked) {
+  Application& a = started();
+  dialogs.open_choices = {{sample("three_layers.TX3")}};
+  a.main.Toolbar1_ButtonClick("open");
+  const int16_t rows = a.s.FieldCount;
+  a.s.MaxAbHalf = 0;
+  a.main.SSTab1_Click(kSheetTab);
+  EXPECT_EQ(a.s.FieldCount, rows);  // Compute read the sheet back
+  EXPECT_GT(a.s.MaxAbHalf, 0);
+  EXPECT_EQ(a.main.current_tab, kSheetTab);
+
+  // The Bilog tab presses the setup tab's redraw only when told to.
+  Bilog.ops.clear();
+  a.s.SetupRedrawMark = false;
+  a.main.SSTab1_Click(kBilogTab);
+  EXPECT_TRUE(Bilog.ops.empty());
+  a.s.SetupRedrawMark = true;
+  a.main.SSTab1_Click(kBilogTab);
+  EXPECT_FALSE(Bilog.ops.empty());
+}
+
+TEST_F(MainFormTest, ResizeKeepsTheMinimumAndTheProportions) {
+  const MainLayout small = main_layout(9000, 5000);
+  EXPECT_EQ(small.form_width, 10440);
+  EXPECT_EQ(small.form_height, 8300);
+  EXPECT_EQ(small.tab_width, 10127);    // 0.97 x 10440 = 10126.8
+  EXPECT_EQ(small.tab_height, 7387);    // 0.89 x 8300
+  EXPECT_EQ(small.bilog_width, 9924);   // 0.98 x 10127 = 9924.46
+  EXPECT_EQ(small.bilog_height, 6427);  // 0.87 x 7387 = 6426.69
+  EXPECT_EQ(small.page_width, 10127 - 2500);
+  EXPECT_EQ(small.page_height, 7387 - 800);
+  const MainLayout big = main_layout(20000, 15000);
+  EXPECT_EQ(big.tab_width, 19400);
+  EXPECT_EQ(big.tab_height, 13350);
+}
+
+TEST_F(MainFormTest, ResizeRedrawsTheCurveOnlyAfterASoundingWasOpened) {
+  Application& a = started();
+  const long runs = a.session.forward_runs;
+  a.main.Form_Resize(15000, 12000);
+  EXPECT_EQ(a.session.forward_runs, runs);  // fresh start: the frame alone
+  dialogs.open_choices = {{sample("three_layers.TX3")}};
+  a.main.Toolbar1_ButtonClick("open");
+  a.main.Form_Resize(16000, 12000);
+  EXPECT_EQ(a.session.forward_runs, runs + 1);
+  EXPECT_EQ(a.s.WorkMode, "");
+  EXPECT_GT(a.s.ModelCurveLast, 10);
+  EXPECT_EQ(Bilog.MousePointer(), kPointerCross);
+}
+
+TEST_F(MainFormTest, LanguageBoxSetsOneFlagClosesTheModelWindowAndRecaptions) {
+  Application& a = started();
+  forms.log.clear();
+  a.main.Combo6.ListIndex(0);  // Français
+  a.main.Combo6_Click();
+  EXPECT_TRUE(a.s.Language.French);
+  EXPECT_FALSE(a.s.Language.English);
+  EXPECT_EQ(a.settings.Langue, "F");
+  EXPECT_EQ(forms.log.front(), "unload model");
+  EXPECT_EQ(a.sheet.Computation.Caption, "&Calcul");
+  EXPECT_EQ(a.setup.garder_config.Caption, "Garder la configuration en sortant");
+
+  a.main.Combo6.ListIndex(1);  // Deutsch: messages in English
+  a.main.Combo6_Click();
+  EXPECT_TRUE(a.s.Language.German);
+  EXPECT_FALSE(a.s.Language.French);
+  EXPECT_EQ(a.sheet.Computation.Caption, "&Compute");
+}
+
+class LeavingTest : public MainFormTest {
+ protected:
+  void open_copy() {
+    copy = path("leave.TX3");
+    std::filesystem::copy_file(sample("three_layers.TX3"), copy);
+    dialogs.open_choices = {{copy}};
+    app->main.Toolbar1_ButtonClick("open");
+    std::filesystem::remove(copy);
+    std::filesystem::remove(ini);
+  }
+  std::string copy;
+};
+
+TEST_F(LeavingTest, CancelKeepsEverythingAndTheProgramGoesOn) {
+  Application& a = started();
+  open_copy();
+  int ended = 0;
+  a.main.end_program = [&] { ++ended; };
+  dialogs.answers = {Answer::Cancel};
+  EXPECT_TRUE(a.main.leave_program());
+  EXPECT_EQ(ended, 0);
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_EQ(dialogs.messages[0].text,
+            "     You are leaving Tellux\r\n  (Have you saved your data ?)....  ");
+  EXPECT_EQ(dialogs.messages[0].buttons, Buttons::YesNoCancel);
+  EXPECT_EQ(dialogs.messages[0].icon, Icon::Question);
+  EXPECT_TRUE(std::filesystem::exists(ini));  // written before the question
+  EXPECT_FALSE(std::filesystem::exists(copy));
+  EXPECT_GT(a.s.FieldCount, 10);
+}
+
+TEST_F(LeavingTest, YesEndsWithTheSettingsWrittenAndNoFile) {
+  Application& a = started();
+  open_copy();
+  int ended = 0;
+  a.main.end_program = [&] { ++ended; };
+  dialogs.answers = {Answer::Yes};
+  a.main.E_M_Click();
+  EXPECT_EQ(ended, 1);
+  EXPECT_FALSE(std::filesystem::exists(copy));
+  const IniFile written = IniFile::parse(rt::read_whole_file(ini));
+  // Values are read back through a buffer of 50 characters: the path's start.
+  const std::string first = written.read("File", "File 1", "");
+  EXPECT_FALSE(first.empty());
+  EXPECT_EQ(copy.rfind(first, 0), 0u);
+}
+
+TEST_F(LeavingTest, NoSavesTheSoundingWithTheWritersQuestionFirst) {
+  Application& a = started();
+  open_copy();
+  int ended = 0;
+  a.main.end_program = [&] { ++ended; };
+  dialogs.answers = {Answer::No, Answer::Yes};
+  a.main.Toolbar1_ButtonClick("stop");
+  EXPECT_EQ(ended, 1);
+  EXPECT_EQ(dialogs.messages.size(), 2u);  // the leaving question, then the writer's
+  EXPECT_TRUE(std::filesystem::exists(copy));
+  EXPECT_TRUE(std::filesystem::exists(ini));
+}
+
+TEST_F(LeavingTest, TheLanguageIsKeptOnlyWithTheKeepBox) {
+  Application& a = started();
+  a.main.Combo6.ListIndex(0);
+  a.main.Combo6_Click();
+  dialogs.answers = {Answer::Yes};
+  a.main.leave_program();
+  EXPECT_EQ(IniFile::parse(rt::read_whole_file(ini)).read("Tellux", "Langue", "none"), "none");
+
+  a.setup.garder_config.Value = 1;
+  dialogs.answers = {Answer::Yes};
+  a.main.leave_program();
+  EXPECT_EQ(IniFile::parse(rt::read_whole_file(ini)).read("Tellux", "Langue", "none"), "F");
+}
+
+TEST_F(MainFormTest, StartWindowButtons) {
+  Application& a = started();
+  a.s.FieldTable(1, 1) = Cell(3.0);
+  a.frmSplash.Command2_Click();
+  EXPECT_FALSE(a.frmSplash.visible);
+  EXPECT_EQ(a.s.FieldTable(1, 1).num(), 0);
+  EXPECT_EQ(forms.tab, kSheetTab);
+
+  a.frmSplash.Show();
+  a.frmSplash.Command4_Click();  // Cancel: the start window stays for another choice
+  EXPECT_TRUE(a.frmSplash.visible);
+  dialogs.open_choices = {{sample("three_layers.TX3")}};
+  a.frmSplash.Command4_Click();
+  EXPECT_FALSE(a.frmSplash.visible);
+  EXPECT_EQ(a.s.FileName, "three_layers.TX3");
+
+  a.frmSplash.Show();
+  a.s.FieldTable.erase();
+  a.frmSplash.Command3_Click();  // the last file again
+  EXPECT_FALSE(a.frmSplash.visible);
+  EXPECT_GT(a.s.FieldCount, 10);
+  EXPECT_EQ(a.s.FieldTable(1, 1).num(), 1);
+}
+
+TEST_F(MainFormTest, ChoosingAnArrayNamesItsDefaultSpreadFile) {
+  Application& a = started();
+  a.Option_Click(2);
+  EXPECT_EQ(a.s.Spread, SpreadType::Wenner);
+  EXPECT_NE(a.settings.SevFile.find("DATAWEN.TXT"), std::string::npos);
+  a.Option_Click(1);
+  EXPECT_NE(a.settings.SevFile.find("DATADIP.TXT"), std::string::npos);
+}
+
+TEST_F(MainFormTest, ReadoutGoesToTheStatusLine) {
+  Application& a = started();
+  a.main.Bilog_MouseMove(0.5f, 2.0f);
+  EXPECT_EQ(a.main.Text1.Text, "AB/2= 3.1  R= 100");
+}
+
+}  // namespace
+}  // namespace tellux

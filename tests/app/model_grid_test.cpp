@@ -1,0 +1,139 @@
+// The model grid against the record: what the grid shows of a model, and what a typed grid makes
+// of the model.
+#include "model/layer_depths.h"
+#include "model_window_fixture.h"
+
+namespace tellux::testing {
+namespace {
+
+using ModelGridTest = ModelWindowTest;
+
+TEST_F(ModelGridTest, AResistivityWithoutThicknessOnTheLastRowIsTheHalfSpace) {
+  grid_rows({{"100  ", "5  "}, {"20  ", "10  "}, {"500  ", ""}});
+  window.ReadModelGrid();
+  EXPECT_EQ(s.LayerCount, 3);
+  EXPECT_EQ(depth(1), 0);
+  EXPECT_EQ(depth(2), 5);
+  EXPECT_EQ(depth(3), 15);
+  // The grid shows the depths of the tops, none for the surface, and no thickness for the last.
+  EXPECT_EQ(cell(1, 2), "");
+  EXPECT_EQ(cell(2, 2), "5  ");
+  EXPECT_EQ(cell(3, 2), "15  ");
+  EXPECT_EQ(cell(3, 1), "");
+  EXPECT_EQ(cell(4, 0), "");
+}
+
+TEST_F(ModelGridTest, RowsBelowTheHalfSpaceAreDropped) {
+  grid_rows({{"100  ", "5  "}, {"20  ", ""}, {"500  ", "7  "}});
+  window.ReadModelGrid();
+  EXPECT_EQ(s.LayerCount, 2);
+  EXPECT_EQ(rho(3), 0);
+  EXPECT_EQ(cell(3, 0), "");
+  EXPECT_EQ(cell(3, 1), "");
+}
+
+TEST_F(ModelGridTest, ABlankResistivityWithAThicknessGetsTheLeastValue) {
+  grid_rows({{"100  ", "5  "}, {"", "10  "}, {"500  ", ""}});
+  window.ReadModelGrid();
+  EXPECT_EQ(s.LayerCount, 3);
+  EXPECT_EQ(rho(2), 0.001);
+  EXPECT_EQ(cell(2, 0), ".001  ");
+}
+
+TEST_F(ModelGridTest, ThicknessesTakeTheDecimalsOfTheSetup) {
+  s.ThicknessDecimals = 2;
+  grid_rows({{"100  ", "3  "}, {"20  ", "2.5  "}, {"500  ", ""}});
+  window.ReadModelGrid();
+  EXPECT_EQ(cell(1, 1), "3.00  ");
+  EXPECT_EQ(cell(2, 1), "2.50  ");
+  EXPECT_EQ(cell(3, 2), "5.50  ");
+  // Resistivities are plain text.
+  EXPECT_EQ(cell(1, 0), "100  ");
+
+  s.ThicknessDecimals = 1;
+  EXPECT_EQ(FormatThickness(s, 3.0), "3.0");
+  EXPECT_EQ(FormatThickness(s, 0.5), ".5");
+  EXPECT_EQ(FormatThickness(s, 2.25), "2.25.0");  // never cut, only completed
+  s.ThicknessDecimals = 2;
+  EXPECT_EQ(FormatThickness(s, 1.125), "1.125.00");
+  EXPECT_EQ(FormatThickness(s, 12.75), "12.75");
+  s.ThicknessDecimals = 0;
+  EXPECT_EQ(FormatThickness(s, 12.75), "12.75");
+}
+
+TEST_F(ModelGridTest, AltitudesFollowTheElevationOfTheSounding) {
+  Z.Text = "250.4";
+  grid_rows({{"100  ", "5.2  "}, {"20  ", "10  "}, {"500  ", ""}});
+  window.ReadModelGrid();
+  EXPECT_EQ(s.LocationZ, "250.4");
+  EXPECT_EQ(cell(1, 3), "250.4  ");
+  EXPECT_EQ(cell(2, 3), "245.2  ");
+  // The depth of 15.2 is shown whole (15), and the altitude is worked out from that.
+  EXPECT_EQ(cell(3, 2), "15  ");
+  EXPECT_EQ(cell(3, 3), "235.4  ");
+  EXPECT_EQ(cell(4, 3), "");
+
+  Z.Text = "";
+  window.ReadModelGrid();
+  EXPECT_EQ(cell(1, 3), "");
+}
+
+TEST_F(ModelGridTest, TheGridRoundsWhatItReads) {
+  grid_rows({{"123.4  ", "1.234  "}, {"5.678  ", "12.34  "}, {"0.25  ", ""}});
+  window.ReadModelGrid();
+  EXPECT_EQ(rho(1), 123);
+  EXPECT_EQ(h(1), 1.2);
+  EXPECT_EQ(rho(2), 5.7);
+  EXPECT_EQ(h(2), 12);
+  EXPECT_EQ(cell(3, 0), ".25  ");
+}
+
+TEST_F(ModelGridTest, TheBoxesOfTheMainFormGoToTheRecordAndBack) {
+  X.Text = "512300";
+  Y.Text = "4100200";
+  Azimuth.Text = "N45";
+  Comment.Text = "dry season";
+  Title.Text = "VES 3";
+  grid_rows({{"100  ", "5  "}, {"20  ", ""}});
+  window.ReadModelGrid();
+  EXPECT_EQ(s.LocationX, "512300");
+  EXPECT_EQ(s.LocationY, "4100200");
+  EXPECT_EQ(s.LocationAzimuth, "N45");
+  EXPECT_EQ(s.CommentText, "dry season");
+  EXPECT_EQ(s.GraphTitle, "VES 3");
+
+  s.GraphTitle = "VES 4";
+  window.RefreshModelGrid();
+  EXPECT_EQ(Title.Text, "VES 4");
+}
+
+TEST_F(ModelGridTest, FixedValuesShowInYellowAndRed) {
+  grid_rows({{"100  ", "5  "}, {"20  ", ""}});
+  window.ReadModelGrid();
+  s.LayerLocks[1] = 2;
+  s.LayerLocks[2] = 1;
+  window.RefreshModelGrid();
+  EXPECT_EQ(window.Grid1.back_colour(1, 1), 65535);
+  EXPECT_EQ(window.Grid1.fore_colour(1, 1), 255);
+  EXPECT_EQ(window.Grid1.back_colour(1, 0), 0xFFFFFF);
+  EXPECT_EQ(window.Grid1.fore_colour(1, 0), 0);
+  EXPECT_EQ(window.Grid1.back_colour(2, 0), 65535);
+}
+
+TEST_F(ModelGridTest, TheOverlayModeOfTheDepthsStopsAtTheFirstLowLayer) {
+  s.WorkMode = mode::kSuperpose;
+  s.OverlayModel(1, 1) = 50.0;
+  s.OverlayModel(1, 2) = 2.0;
+  s.OverlayModel(2, 1) = 0.05;
+  ComputeDepths(ws);
+  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Impossible..."});
+
+  s.OverlayModel(2, 1) = 30.0;
+  s.OverlayModel(2, 2) = 4.0;
+  ComputeDepths(ws);
+  EXPECT_EQ(s.LayerCount, 2);
+  EXPECT_EQ(s.OverlayModel(3, 3).num(), 4);  // thickness of row 2 plus its depth, left 0
+}
+
+}  // namespace
+}  // namespace tellux::testing

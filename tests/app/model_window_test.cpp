@@ -1,0 +1,183 @@
+// The model window as a whole: its load, its buttons and captions, and the menu commands.
+#include "core/runtime/number_text.h"
+#include "core/sounding_file.h"
+#include "model/automatic_model.h"
+#include "model/forward.h"
+#include "model_window_fixture.h"
+
+namespace tellux::testing {
+namespace {
+
+TEST_F(ModelWindowTest, OpeningTheWindowShowsTheModelAndComputesItsCurve) {
+  sounding();
+  s.LayerLocks[2] = 3;  // locks do not survive a load
+  window.Form_Load();
+  EXPECT_TRUE(window.loaded());
+  EXPECT_EQ(cell(1, 0), "100  ");
+  EXPECT_EQ(cell(2, 1), "20  ");
+  EXPECT_EQ(cell(3, 2), "25  ");
+  EXPECT_EQ(s.LayerLocks[2], 0);
+  EXPECT_EQ(window.Grid1.row, 1);
+  EXPECT_EQ(window.Grid1.col, 0);
+  EXPECT_FALSE(s.ModelOutdated);
+  EXPECT_EQ(strokes(s.CurveColour), 1);
+  EXPECT_EQ(frames(), 1);
+  EXPECT_EQ(Name.Text, "SAMPLE");
+  EXPECT_EQ(wforms.tab, 0);
+  EXPECT_TRUE(dialogs.messages.empty());
+}
+
+TEST_F(ModelWindowTest, AnAutomaticModelIsFittedWhenTheWindowOpens) {
+  sounding();
+  s.LayerModel.erase();
+  AutomaticModel(ws);
+  ASSERT_EQ(s.WorkMode, mode::kAutomatic);
+  ws.forward_runs = 0;
+  window.Form_Load();
+  EXPECT_GT(ws.forward_runs, 20);  // the fit ran
+  EXPECT_EQ(s.WorkMode, "");
+  EXPECT_EQ(s.FitMisfit.num(), 0);
+  EXPECT_NEAR(rho(1), 100, 10);
+}
+
+TEST_F(ModelWindowTest, TheSliderSetsTheSensitivityOfTheAutomaticModel) {
+  sounding();
+  s.ModelSensitivity = 0.3;
+  window.Form_Load();
+  EXPECT_EQ(window.Slider1.Value, 3);
+  window.Slider1_Change(5);
+  EXPECT_DOUBLE_EQ(s.ModelSensitivity, 0.53);
+  window.Slider1_Change(0);
+  EXPECT_DOUBLE_EQ(s.ModelSensitivity, 0.03);
+  EXPECT_GE(display.focus, 2);
+}
+
+TEST_F(ModelWindowTest, TheOverlayBoxSetsTheSuperposition) {
+  window.Check18_Click(1);
+  EXPECT_EQ(s.SuperposeCurve, 1);
+  window.Check18_Click(0);
+  EXPECT_EQ(s.SuperposeCurve, -1);
+}
+
+TEST_F(ModelWindowTest, TheBoxFollowsTheRecordWhenTheWindowOpens) {
+  sounding();
+  s.SuperposeCurve = 1;
+  window.Form_Load();
+  EXPECT_EQ(window.Check18.Value, 1);
+  s.SuperposeCurve = -1;
+  window.Form_Load();
+  EXPECT_EQ(window.Check18.Value, 0);
+}
+
+TEST_F(ModelWindowTest, CaptionsComeInThreeLanguages) {
+  use_language('F');
+  window.set_captions();
+  EXPECT_EQ(window.Caption, "Traçage modèle");
+  EXPECT_EQ(window.Grid1.text(0, 0), "Résistivité");
+  EXPECT_EQ(window.Label2.Caption, "B");
+  EXPECT_EQ(window.InsLine.Caption, "Insérer ligne");
+  use_language('S');
+  window.set_captions();
+  EXPECT_EQ(window.Label3.Caption, "Sensib. modelo.");
+  EXPECT_EQ(window.Frame1.Caption, " Comentarios ");
+  EXPECT_EQ(window.Calcul_Button.Caption, "&Computar");
+  use_language('A');
+  window.set_captions();
+  EXPECT_EQ(window.Ajuste_Button.Caption, "&Fitting");
+  EXPECT_EQ(window.Grid1.text(0, 2), "Depth");
+  EXPECT_EQ(window.Label1.Caption, "Overlay curve");
+  EXPECT_EQ(window.Label2.Caption, "L");
+}
+
+TEST_F(ModelWindowTest, SavingWritesTheGridsModel) {
+  sounding();
+  window.Form_Load();
+  s.FilePath = path("SAMPLE.TX3");
+  type(2, 0, "25");
+  Comment.Text = "after the rain";
+  dialogs.answers.push_back(Answer::Yes);
+  window.Record_Button_Click();
+  EXPECT_TRUE(s.DataSaved);
+
+  SoundingState again;
+  Session other{again, dialogs, forms};
+  again.FormatLevel = 3;
+  std::string file = s.FilePath;
+  again.FileName = "SAMPLE.TX3";
+  ASSERT_TRUE(read_sounding_file(other, file));
+  EXPECT_EQ(again.LayerModel(2, 1).num(), 25);
+  EXPECT_EQ(again.CommentText, "after the rain");
+}
+
+TEST_F(ModelWindowTest, AMissingFirstThicknessStopsTheCompute) {
+  sounding();
+  window.Form_Load();
+  screen.ops.clear();
+  window.Grid1.set_text(1, 1, "  ");
+  use_language('F');
+  window.Calcul_Button_Click();
+  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Il manque une valeur"});
+  EXPECT_EQ(strokes(s.CurveColour), 0);
+
+  // A sounding being typed is not told.
+  s.FileName = "NEW";
+  window.Calcul_Button_Click();
+  EXPECT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_TRUE(window.Grid1.redraw);
+}
+
+TEST_F(ModelWindowTest, TheShiftShowsBesideTheName) {
+  sounding();
+  s.ShiftCurves = 1;
+  use_language('S');
+  window.Form_Load();
+  EXPECT_EQ(Text3.Text, "Empalmes compens.");
+  s.ShiftCurves = 0;
+  window.Calcul_Button_Click();
+  EXPECT_EQ(Text3.Text, "");
+}
+
+TEST_F(ModelWindowTest, TheMenuComputesThroughTheWindow) {
+  sounding();
+  window.menu_compute();  // the window opens, its load computes
+  EXPECT_EQ(wforms.model_window_shown, 1);
+  EXPECT_TRUE(window.loaded());
+  type(3, 0, "900");
+  window.menu_compute();
+  EXPECT_EQ(rho(3), 900);
+  EXPECT_EQ(wforms.model_window_shown, 1);
+}
+
+TEST_F(ModelWindowTest, TheModelMenuBuildsAndFitsAFirstModel) {
+  sounding();
+  s.LayerModel.erase();
+  window.menu_model();
+  EXPECT_TRUE(window.loaded());
+  EXPECT_GE(s.LayerCount, 2);
+  EXPECT_NE(cell(1, 0), "");
+  EXPECT_EQ(s.WorkMode, "");
+}
+
+TEST_F(ModelWindowTest, TheFitMenuFitsTheGridsModel) {
+  sounding();
+  window.menu_compute();
+  type(1, 0, "80");
+  type(1, 1, "4");
+  type(2, 0, "30");
+  type(2, 1, "15");
+  type(3, 0, "250");
+  window.Calcul_Button_Click();
+  Cell typed_misfit;
+  FieldMisfit(s, typed_misfit);
+  window.menu_fit();
+  Cell fitted_misfit;
+  FieldMisfit(s, fitted_misfit);
+  EXPECT_LT(fitted_misfit.num(), typed_misfit.num() / 10);
+  EXPECT_NEAR(rho(1), 100, 5);
+  // The grid shows the fitted model.
+  EXPECT_EQ(cell(1, 0), rt::CStr(s.LayerModel(1, 1)) + "  ");
+  EXPECT_FALSE(s.DataSaved);
+}
+
+}  // namespace
+}  // namespace tellux::testing

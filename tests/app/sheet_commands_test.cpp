@@ -1,0 +1,139 @@
+// Quit, Save and the half-array box.
+#include "core/runtime/token_file.h"
+#include "sheet_fixture.h"
+
+namespace tellux::testing {
+namespace {
+
+class SheetCommands : public SheetTest {
+ protected:
+  void SetUp() override {
+    SheetTest::SetUp();
+    sheet_session.curve = &curve;
+    s.FileName = "x.TX3";
+    put_row(1, {"", "1", "", "", "", "100"});
+    put_row(2, {"", "10", "", "", "", "40"});
+    put_row(3, {"", "100", "", "", "", "300"});
+    // Two layers: 100 ohm.m over 5 m, then 400 ohm.m.
+    s.LayerModel(1, 1) = 100.0;
+    s.LayerModel(1, 2) = 5.0;
+    s.LayerModel(2, 1) = 400.0;
+    s.LayerCount = 2;
+  }
+  CountingCurve curve;
+};
+
+TEST_F(SheetCommands, QuitTakesTheSheetAndDrawsTheComputedModelAgain) {
+  s.ModelComputed = 1;
+  s.SheetBuilt = true;
+  s.CellFresh = 0;
+  sheet.ExitButton_Click();
+  EXPECT_EQ(s.FieldCount, 3);
+  EXPECT_EQ(s.MaxAbHalf, 100);
+  EXPECT_EQ(sheet_forms.frames, 1);
+  EXPECT_EQ(sheet_session.forward_runs, 1);
+  EXPECT_GT(curve.segments, 0);
+  EXPECT_GE(curve.steps, 1);
+  EXPECT_EQ(s.WorkMode, "");
+  EXPECT_FALSE(s.SheetBuilt);
+  EXPECT_EQ(s.CellFresh, 1);
+  EXPECT_EQ(sheet_forms.log.back(), "pointer bilog 2");
+  EXPECT_EQ(sheet_forms.tab, -1);  // the tab does not change
+}
+
+TEST_F(SheetCommands, QuitWithoutAComputedModelDrawsTheFrameOnly) {
+  s.ModelComputed = 0;
+  sheet.ExitButton_Click();
+  EXPECT_EQ(sheet_forms.frames, 1);
+  EXPECT_EQ(sheet_session.forward_runs, 0);
+}
+
+TEST_F(SheetCommands, QuitReplaysTheStoredModelsWhenTheyAreSuperposed) {
+  s.SuperposeCurve = 1;
+  s.ModelComputed = 1;
+  for (int slot : {1, 2}) {
+    s.LayerHistory[slot](1, 1) = 50.0 * slot;
+    s.LayerHistory[slot](1, 2) = 2.0;
+    s.LayerHistory[slot](2, 1) = 10.0;
+    s.HistoryCounts[slot] = 2;
+  }
+  s.HistoryLast = 2;
+  s.HistoryShown = 2;
+  sheet.ExitButton_Click();
+  // Slots 1 and 2, then the model in work, which went to slot 3 first.
+  EXPECT_EQ(sheet_session.forward_runs, 3);
+  EXPECT_DOUBLE_EQ(s.LayerHistory[3](1, 1).num(), 100);
+  EXPECT_DOUBLE_EQ(s.LayerModel(1, 1).num(), 100);
+  EXPECT_EQ(s.LayerCount, 2);
+  EXPECT_TRUE(s.ColourGrid);
+  EXPECT_DOUBLE_EQ(s.FitMisfit.num(), 0);
+}
+
+TEST_F(SheetCommands, SaveAsksWithTheCountWritesAndEmptiesTheSheet) {
+  use_language('F');
+  s.FileName = "NEW";
+  sheet.CommentBox.Text = "au bord du lac";
+  sheet.TitleBox.Text = "SEV 3";
+  sheet.ZBox.Text = "412";
+  dialogs.answers.push_back(Answer::Yes);
+  dialogs.save_choices.push_back(path("lac.TX3"));
+  sheet.BuildGrid.row = 3;
+  sheet.BuildGrid.col = 6;
+  sheet.SaveButton_Click();
+
+  ASSERT_FALSE(dialogs.messages.empty());
+  EXPECT_EQ(dialogs.messages[0].text,
+            " Le SE compte 3 données\r\n Il ne doit pas y avoir de ligne sans résistivité...");
+  EXPECT_EQ(dialogs.messages[0].buttons, Buttons::YesNo);
+  EXPECT_EQ(s.FileName, "lac.TX3");
+  EXPECT_TRUE(s.DataSaved);
+  EXPECT_EQ(sheet_forms.frames, 1);
+  EXPECT_EQ(s.CommentText, "au bord du lac");
+  const std::string file = read("lac.TX3");
+  EXPECT_EQ(file.substr(0, file.find('\r')), "3.5");
+  EXPECT_NE(file.find("\"au bord du lac\"\r\n\"\"\r\n\"SEV 3\""), std::string::npos);
+  for (int c = 1; c <= 6; ++c) EXPECT_EQ(cell(2, c), "") << c;
+  EXPECT_EQ(sheet.BuildGrid.row, 3);
+  EXPECT_EQ(sheet.BuildGrid.col, 6);
+}
+
+TEST_F(SheetCommands, SaveQuestionInSpanishAndEnglish) {
+  use_language('S');
+  dialogs.answers.push_back(Answer::No);
+  EXPECT_FALSE(sheet.save_from_sheet());
+  EXPECT_EQ(dialogs.messages.back().text,
+            " El SEV cuenta  3 datos\r\nNo debe haber línea vacía...");
+  use_language('E');
+  dialogs.answers.push_back(Answer::No);
+  sheet.save_from_sheet();
+  EXPECT_EQ(dialogs.messages.back().text,
+            " Electrical sounding has  3 data\r\nNo empty line allowed among the data...");
+  EXPECT_FALSE(s.DataSaved);
+  EXPECT_EQ(sheet_forms.frames, 0);
+}
+
+TEST_F(SheetCommands, CancelInTheSaveDialogWritesNothing) {
+  s.FileName = "NEW";
+  dialogs.answers.push_back(Answer::Yes);  // no save choice queued: Cancel
+  EXPECT_FALSE(sheet.save_from_sheet());
+  EXPECT_FALSE(s.DataSaved);
+  EXPECT_EQ(sheet_forms.frames, 0);
+}
+
+TEST_F(SheetCommands, HalfArrayBoxDoublesTheFactorAndRecomputes) {
+  put_row(1, {"0.5", "1.5", "500", "100", "", ""});
+  sheet.Check10.Value = 1;
+  sheet_forms.tab_now = 0;
+  sheet.Check10_Click();
+  EXPECT_EQ(s.HalfArray, 2);
+  EXPECT_DOUBLE_EQ(table(1, 5), 12.57);  // 2 x 6.2832
+  EXPECT_EQ(sheet_forms.frames, 1);
+  EXPECT_EQ(sheet_forms.focus, 0);  // not on the sheet's tab
+  sheet.Check10.Value = 0;
+  sheet.Check10_Click();
+  EXPECT_EQ(s.HalfArray, 1);
+  EXPECT_DOUBLE_EQ(table(1, 5), 6.28);
+}
+
+}  // namespace
+}  // namespace tellux::testing

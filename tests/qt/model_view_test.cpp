@@ -1,0 +1,138 @@
+// The model window on the screen: keys typed in the grid reach the logic, double clicks fix
+// values, the buttons and the overlay box act, and the view shows what the logic holds.
+#include "platform/qt/model_window_view.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QSlider>
+#include <QTableWidget>
+#include <QTest>
+
+#include "app/model_window_fixture.h"
+#include "platform/qt/qt_forms.h"
+
+namespace tellux::testing {
+namespace {
+
+// One application for all the tests, left to the end of the process: destroying it among the
+// other statics at exit is not safe.
+QApplication& application() {
+  static int argc = 1;
+  static char name[] = "model_view_tests";
+  static char* argv[] = {name, nullptr};
+  static QApplication* app = new QApplication(argc, argv);
+  return *app;
+}
+
+class ModelViewTest : public ModelWindowTest {
+ protected:
+  void SetUp() override {
+    application();
+    ModelWindowTest::SetUp();
+    sounding();
+    view = make_model_window_view(window, nullptr);
+    view->show();
+    window.Form_Load();
+    view->refresh();
+  }
+  void TearDown() override {
+    view.reset();
+    ModelWindowTest::TearDown();
+  }
+  QString shown(int row, int col) const { return view->grid()->item(row - 1, col)->text(); }
+  void click_cell(int row, int col) {
+    QTableWidget* g = view->grid();
+    const QRect rect = g->visualItemRect(g->item(row - 1, col));
+    QTest::mouseClick(g->viewport(), Qt::LeftButton, {}, rect.center());
+  }
+
+  std::unique_ptr<ModelWindowView> view;
+};
+
+TEST_F(ModelViewTest, TheGridShowsTheModel) {
+  EXPECT_EQ(shown(1, 0), "100  ");
+  EXPECT_EQ(shown(2, 1), "20  ");
+  EXPECT_EQ(shown(3, 2), "25  ");
+  EXPECT_EQ(view->grid()->horizontalHeaderItem(0)->text(), "Resistivity");
+  EXPECT_EQ(view->windowTitle(), "Drawing up model");
+  EXPECT_EQ(view->grid()->currentRow(), 0);
+  EXPECT_EQ(view->grid()->currentColumn(), 0);
+}
+
+TEST_F(ModelViewTest, KeysTypedInTheGridGoToTheLogic) {
+  click_cell(2, 0);
+  EXPECT_EQ(window.Grid1.row, 2);
+  QTest::keyClicks(view->grid(), "35");
+  EXPECT_EQ(shown(2, 0), "35  ");
+  QTest::keyClick(view->grid(), Qt::Key_Backspace);
+  EXPECT_EQ(shown(2, 0), "3  ");
+  QTest::keyClick(view->grid(), Qt::Key_Period, Qt::KeypadModifier);
+  QTest::keyClick(view->grid(), Qt::Key_5, Qt::KeypadModifier);
+  EXPECT_EQ(window.Grid1.text(2, 0), "3.5  ");
+  QTest::keyClick(view->grid(), Qt::Key_A);
+  EXPECT_EQ(wforms.beeps, 1);
+  QTest::keyClick(view->grid(), Qt::Key_Return);
+  EXPECT_EQ(window.Grid1.row, 3);
+  EXPECT_EQ(view->grid()->currentRow(), 2);
+}
+
+TEST_F(ModelViewTest, ADoubleClickFixesTheValue) {
+  QTableWidget* g = view->grid();
+  const QRect rect = g->visualItemRect(g->item(1, 1));
+  // A double click is a press and release, then the second press.
+  QTest::mouseClick(g->viewport(), Qt::LeftButton, {}, rect.center());
+  QTest::mouseDClick(g->viewport(), Qt::LeftButton, {}, rect.center());
+  EXPECT_EQ(s.LayerLocks[2], 2);
+  EXPECT_EQ(g->item(1, 1)->background().color(), QColor(255, 255, 0));
+  EXPECT_EQ(g->item(1, 1)->foreground().color(), QColor(255, 0, 0));
+}
+
+TEST_F(ModelViewTest, ButtonsAndBoxReachTheLogic) {
+  click_cell(3, 0);
+  QTest::keyClicks(view->grid(), "900");
+  QTest::mouseClick(view->button(window.Calcul_Button), Qt::LeftButton);
+  EXPECT_EQ(rho(3), 900);
+  EXPECT_EQ(view->button(window.Calcul_Button)->text(), "&Compute");
+
+  QTest::mouseClick(view->overlay_box(), Qt::LeftButton);
+  EXPECT_EQ(s.SuperposeCurve, 1);
+  click_cell(3, 0);
+  QTest::keyClicks(view->grid(), "50");
+  QTest::mouseClick(view->button(window.Calcul_Button), Qt::LeftButton);
+  EXPECT_EQ(view->overlay_number()->text(), "2");
+  EXPECT_TRUE(view->button(window.lastone)->isEnabled());
+  QTest::mouseClick(view->button(window.lastone), Qt::LeftButton);
+  EXPECT_EQ(shown(3, 0), "900  ");
+  EXPECT_EQ(view->overlay_number()->text(), "1");
+
+  view->slider()->setValue(6);
+  EXPECT_DOUBLE_EQ(s.ModelSensitivity, 0.63);
+}
+
+TEST_F(ModelViewTest, TheKeypadAndTheMainKeysGiveTheLogicsCodes) {
+  EXPECT_EQ(key_code_of(Qt::Key_7, Qt::KeypadModifier), key::kPad0 + 7);
+  EXPECT_EQ(key_code_of(Qt::Key_7, Qt::NoModifier), '7');
+  EXPECT_EQ(key_code_of(Qt::Key_Period, Qt::NoModifier), key::kPeriod);
+  EXPECT_EQ(key_code_of(Qt::Key_Period, Qt::KeypadModifier), key::kPadPoint);
+  EXPECT_EQ(key_code_of(Qt::Key_Shift, Qt::NoModifier), 0);
+  EXPECT_EQ(key_code_of(Qt::Key_Right, Qt::NoModifier), key::kRight);
+}
+
+TEST_F(ModelViewTest, TheFormsCallsShowAndUnloadTheWindow) {
+  QtForms qt_forms;
+  connect_model_window(qt_forms, window, *view);
+  qt_forms.unload_model_window();
+  EXPECT_FALSE(window.loaded());
+  EXPECT_FALSE(view->isVisible());
+  qt_forms.show_model_window();
+  EXPECT_TRUE(window.loaded());
+  EXPECT_TRUE(view->isVisible());
+  s.LayerModel(1, 1) = 150.0;
+  qt_forms.refresh_model_grid();
+  EXPECT_EQ(shown(1, 0), "150  ");
+}
+
+}  // namespace
+}  // namespace tellux::testing

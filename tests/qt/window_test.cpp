@@ -1,0 +1,321 @@
+// The desktop program's windows, driven as a user drives them, with scripted dialogs: start-up,
+// opening a sample through the toolbar, the tabs, typing a sounding, the array and the redraw,
+// the language, and leaving with each answer.
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QElapsedTimer>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QToolBar>
+#include <filesystem>
+#include <memory>
+
+#include "app/application.h"
+#include "platform/headless/scripted_dialogs.h"
+#include "platform/qt/grid_view.h"
+#include "platform/qt/main_window.h"
+#include "platform/qt/qt_dialogs.h"
+#include "platform/qt/qt_forms.h"
+#include "platform/qt/qt_system.h"
+#include "platform/qt/setup_widget.h"
+#include "platform/qt/sheet_widget.h"
+#include "platform/qt/splash_window.h"
+
+namespace tellux {
+
+namespace {
+
+struct FakeSystem : SystemServices {};
+
+// One run of the program on the offscreen platform.
+struct Program {
+  explicit Program(const QString& ini)
+      : bilog(657, 406),
+        app(dialogs, forms, bilog, system, ini.toStdString()),
+        window(app, bilog, forms) {
+    forms.on_show_model_window = [this] { ++model_window_shown; };
+    forms.on_unload_model_window = [this] { ++model_window_unloaded; };
+    window.on_end = [this] { ++ended; };
+  }
+  ScriptedDialogs dialogs;
+  FakeSystem system;
+  QtForms forms;
+  QtDrawingSurface bilog;
+  Application app;
+  MainWindow window;
+  int model_window_shown = 0;
+  int model_window_unloaded = 0;
+  int ended = 0;
+};
+
+std::string sample(const char* name) { return std::string(TELLUX_SOURCE_DIR) + "/samples/" + name; }
+
+// Pixels of the diagram close to a colour of the program.
+int pixels_of(const QImage& image, int32_t colour) {
+  const QColor c = to_qcolor(colour);
+  int n = 0;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x) {
+      const QColor p = image.pixelColor(x, y);
+      if (std::abs(p.red() - c.red()) < 40 && std::abs(p.green() - c.green()) < 40 &&
+          std::abs(p.blue() - c.blue()) < 40)
+        ++n;
+    }
+  return n;
+}
+
+}  // namespace
+
+class WindowTest : public QObject {
+  Q_OBJECT
+
+ private:
+  QTemporaryDir dir_;
+  std::unique_ptr<Program> p_;
+
+  QString ini() const { return dir_.filePath(QStringLiteral("Tellux6.ini")); }
+  Program& start() {
+    p_ = std::make_unique<Program>(ini());
+    if (!p_->window.start()) qFatal("the window did not start");
+    if (!QTest::qWaitForWindowExposed(&p_->window)) qFatal("the window was not shown");
+    return *p_;
+  }
+  void open_sample(Program& p, const std::string& path) {
+    p.dialogs.open_choices = {{path}};
+    p.window.action(QStringLiteral("open"))->trigger();
+  }
+
+ private slots:
+  void init() { QFile::remove(ini()); }
+  void cleanup() { p_.reset(); }
+
+  void startsUnderOneSecondWithTheStartWindow() {
+    QElapsedTimer timer;
+    timer.start();
+    Program& p = start();
+    const qint64 ms = timer.elapsed();
+    qInfo("start-up to a shown window: %lld ms", static_cast<long long>(ms));
+    QVERIFY(ms < 1000);
+    QVERIFY(p.window.splash()->isVisible());
+    QCOMPARE(p.window.splash()->button(2)->text(), QStringLiteral("Start a new VES"));
+    QCOMPARE(p.window.splash()->button(4)->text(), QStringLiteral("Open a Tellux file"));
+    QCOMPARE(p.window.splash()->button(3)->text(), QStringLiteral("Load last Tellux file"));
+    QCOMPARE(p.window.splash()->button(5)->text(), QStringLiteral("Read Tellux help"));
+    QCOMPARE(p.window.tabs()->count(), 6);
+    const char* captions[] = {"Bilog",       "SEV model",    "Print Bilog",
+                              "Bilog Setup", "Profile data", "SEV Profile"};
+    for (int i = 0; i < 6; ++i) QCOMPARE(p.window.tabs()->tabText(i), QLatin1String(captions[i]));
+    QCOMPARE(p.window.tabs()->currentIndex(), 0);
+    QCOMPARE(p.window.language_box()->currentText(), QStringLiteral("English"));
+    QCOMPARE(p.window.array_box()->text(), QStringLiteral("Schlumberger"));
+  }
+
+  void toolbarHasItsKeysTipsAndTheLanguageBox() {
+    Program& p = start();
+    const std::pair<const char*, const char*> tools[] = {
+        {"open", "Open File"},  {"save", "Save File"},
+        {"bilog", "New SEV"},   {"computation", "Show model"},
+        {"Help", "Help file"},  {"Clip_Bd", "Copy the screen to the Clipboard "},
+        {"stop", "Exit Tellux"}};
+    QStringList order;
+    for (QAction* a : p.window.toolbar()->actions())
+      if (!a->objectName().isEmpty()) order << a->objectName();
+    QStringList expected;
+    for (const auto& [key, tip] : tools) {
+      expected << QLatin1String(key);
+      QAction* a = p.window.action(QLatin1String(key));
+      QVERIFY(a);
+      QCOMPARE(a->toolTip(), QString::fromUtf8(tip));
+      QVERIFY(!a->icon().isNull());
+    }
+    QCOMPARE(order.mid(0, 7), expected);
+    // Parts the program does not have yet are shown disabled.
+    QVERIFY(!p.window.action(QStringLiteral("Help"))->isEnabled());
+    QVERIFY(!p.window.action(QStringLiteral("HORSLICE"))->isEnabled());
+    QVERIFY(!p.window.action(QStringLiteral("Syscal"))->isEnabled());
+    QVERIFY(p.window.action(QStringLiteral("NFile"))->isEnabled());
+    QCOMPARE(p.window.action(QStringLiteral("F1_F"))->text(), QStringLiteral("&1 "));
+  }
+
+  void opensASampleThroughTheToolbar() {
+    Program& p = start();
+    open_sample(p, sample("three_layers.TX3"));
+    QVERIFY(p.window.windowTitle().contains(QStringLiteral("three_layers.TX3")));
+    QCOMPARE(p.model_window_shown, 1);
+    QCOMPARE(p.app.s.FieldCount, int16_t{28});
+    QCOMPARE(p.app.sheet.BuildGrid.text(1, 2), std::string(" 1"));
+    // From now on a resize draws the diagram again: frame, marks and the model's curve.
+    p.app.s.PointsColour = 0xFF0000;  // blue marks, apart from the red curve
+    p.window.resize(p.window.width() + 20, p.window.height());
+    QVERIFY(pixels_of(p.bilog.image(), 0xFF0000) > 100);
+    QVERIFY(pixels_of(p.bilog.image(), p.app.s.CurveColour) > 100);
+    QVERIFY(p.app.s.ModelCurveLast > 10);
+    QCOMPARE(p.window.action(QStringLiteral("F1_F"))->text(),
+             QStringLiteral("&1 ") + QString::fromStdString(sample("three_layers.TX3")));
+    // The mouse over the diagram gives the read-out.
+    QTest::mouseMove(p.window.bilog(), QPoint(200, 200));
+    QVERIFY(p.window.status_line()->text().startsWith(QStringLiteral("AB/2=")));
+  }
+
+  void tabsRunTheirRules() {
+    Program& p = start();
+    open_sample(p, sample("three_layers.TX3"));
+    p.app.s.MaxAbHalf = 0;
+    p.window.tabs()->setCurrentIndex(1);  // the sheet computes
+    QVERIFY(p.app.s.MaxAbHalf > 0);
+    QVERIFY(p.window.sheet()->grid()->hasFocus() || !p.window.isActiveWindow());
+    p.window.tabs()->setCurrentIndex(5);
+    QCOMPARE(p.dialogs.messages.back().text, std::string("First, you must load SEV files"));
+    QCOMPARE(p.dialogs.messages.back().icon, Icon::Critical);
+    p.window.tabs()->setCurrentIndex(3);
+    p.window.tabs()->setCurrentIndex(0);
+    QCOMPARE(p.app.main.current_tab, 0);
+  }
+
+  void typesASoundingInTheSheetAndComputes() {
+    Program& p = start();
+    p.window.splash()->button(2)->click();  // start a new sounding
+    QVERIFY(!p.window.splash()->isVisible());
+    QCOMPARE(p.window.tabs()->currentIndex(), 1);
+    GridView* grid = p.window.sheet()->grid();
+    GridModel& g = p.app.sheet.BuildGrid;
+    // The default spread gives MN/2 and AB/2; DeltaV and I are typed.
+    const std::string ab = g.text(1, 2);
+    QVERIFY(!ab.empty());
+    grid->setFocus();
+    grid->setCurrentIndex(grid->model()->index(0, 2));  // row 1, DeltaV
+    QTest::keyClicks(grid, QStringLiteral("250x0"));    // the letter is dropped
+    QCOMPARE(g.text(1, 3), std::string("2500"));
+    QTest::keyClick(grid, Qt::Key_Backspace);
+    QCOMPARE(g.text(1, 3), std::string("250"));
+    grid->setCurrentIndex(grid->model()->index(0, 3));  // I
+    QTest::keyClick(grid, Qt::Key_5, Qt::KeypadModifier);
+    QTest::keyClick(grid, Qt::Key_0);
+    QCOMPARE(g.text(1, 4), std::string("50"));
+    grid->setCurrentIndex(grid->model()->index(0, 4));  // K is not typed
+    QTest::keyClick(grid, Qt::Key_1);
+    QCOMPARE(p.dialogs.messages.back().text,
+             std::string("You cannot enter a value, K is calculated"));
+    p.window.sheet()->button("Computation")->click();
+    QVERIFY(p.app.s.FieldTable(1, 5).num() != 0);
+    QVERIFY(p.app.s.FieldTable(1, 2).num() > 0);
+    QVERIFY(!g.text(1, 6).empty());
+    QCOMPARE(p.app.s.FieldCount, int16_t{1});
+  }
+
+  void changesTheArrayAndRedraws() {
+    Program& p = start();
+    open_sample(p, sample("three_layers.TX3"));
+    p.window.tabs()->setCurrentIndex(3);
+    SetupWidget* setup = p.window.setup();
+    setup->array_button(2)->click();     // Wenner
+    setup->list(1)->setCurrentIndex(1);  // AB/2 from 1
+    setup->steps_box()->setChecked(false);
+    setup->redraw_button()->click();
+    QCOMPARE(p.app.s.Spread, SpreadType::Wenner);
+    QCOMPARE(p.app.s.SpreadTag, std::string("2"));
+    QCOMPARE(p.app.s.DecadeStart, int16_t{0});
+    QCOMPARE(p.app.s.ShowModelSteps, int16_t{-1});
+    QCOMPARE(p.window.array_box()->text(), QStringLiteral("Wenner"));
+    QCOMPARE(p.app.sheet.BuildGrid.text(0, 2), std::string("a"));
+    QVERIFY(QString::fromStdString(p.app.settings.SevFile).endsWith(QStringLiteral("DATAWEN.TXT")));
+    QVERIFY(pixels_of(p.bilog.image(), p.app.s.PointsColour) > 100);
+  }
+
+  void changesTheLanguage() {
+    Program& p = start();
+    p.window.language_box()->setCurrentIndex(0);  // Français
+    QVERIFY(p.app.s.Language.French);
+    QCOMPARE(p.model_window_unloaded, 1);
+    QCOMPARE(p.window.sheet()->button("Computation")->text(), QStringLiteral("&Calcul"));
+    QCOMPARE(p.window.setup()->keep_box()->text(),
+             QStringLiteral("Garder la configuration en sortant"));
+    p.window.language_box()->setCurrentIndex(2);  // Español
+    QVERIFY(p.app.s.Language.Spanish);
+    QCOMPARE(p.window.sheet()->button("ExitButton")->text(), QStringLiteral("&Salir"));
+    // The tabs and the menu keep their captions.
+    QCOMPARE(p.window.tabs()->tabText(1), QStringLiteral("SEV model"));
+  }
+
+  void leavingWithCancelGoesOn() {
+    Program& p = start();
+    open_sample(p, sample("three_layers.TX3"));
+    p.dialogs.answers = {Answer::Cancel};
+    p.window.close();
+    QVERIFY(p.window.isVisible());
+    QCOMPARE(p.ended, 0);
+    QCOMPARE(p.dialogs.messages.back().buttons, Buttons::YesNoCancel);
+    QVERIFY(QFile::exists(ini()));
+    QCOMPARE(p.app.s.FieldCount, int16_t{28});
+  }
+
+  void leavingWithYesEnds() {
+    Program& p = start();
+    p.dialogs.answers = {Answer::Yes};
+    p.window.action(QStringLiteral("stop"))->trigger();
+    QCOMPARE(p.ended, 1);
+    QVERIFY(!p.window.isVisible());
+    QVERIFY(QFile::exists(ini()));
+  }
+
+  void leavingWithNoSavesTheSoundingFirst() {
+    Program& p = start();
+    const QString copy = dir_.filePath(QStringLiteral("leave.TX3"));
+    QFile::remove(copy);
+    QVERIFY(QFile::copy(QString::fromStdString(sample("three_layers.TX3")), copy));
+    open_sample(p, copy.toStdString());
+    QFile::remove(copy);
+    p.dialogs.answers = {Answer::No, Answer::Yes};
+    p.window.action(QStringLiteral("E_M"))->trigger();
+    QCOMPARE(p.ended, 1);
+    QVERIFY(QFile::exists(copy));
+  }
+
+  void keepsTheMinimumSizeAndTheProportions() {
+    Program& p = start();
+    p.window.resize(400, 300);
+    QCOMPARE(p.window.size(), QSize(696, 553));
+    p.window.resize(1200, 900);
+    QTest::qWait(10);
+    const QSize tabs = p.window.tabs()->size();
+    QCOMPARE(tabs.width(), 1164);  // 0.97 of the width
+    const QSize diagram = p.window.bilog()->size();
+    QCOMPARE(diagram.width(), main_layout(1200 * 15, 900 * 15).bilog_width / 15);
+    QCOMPARE(p.bilog.width(), diagram.width());  // the surface follows the widget
+  }
+
+  void keysOfTheSheet() {
+    QCOMPARE(sheet_key_code(Qt::Key_7, QStringLiteral("7"), false), int{'7'});
+    QCOMPARE(sheet_key_code(Qt::Key_7, QStringLiteral("7"), true), 103);
+    QCOMPARE(sheet_key_code(Qt::Key_Period, QStringLiteral("."), false), 46);
+    QCOMPARE(sheet_key_code(Qt::Key_Comma, QStringLiteral(","), true), 62);
+    QCOMPARE(sheet_key_code(Qt::Key_Backspace, QString(), false), 8);
+    QCOMPARE(sheet_key_code(Qt::Key_A, QStringLiteral("a"), false), -1);
+    QCOMPARE(sheet_key_code(Qt::Key_Comma, QStringLiteral(","), false), -1);
+  }
+
+  void secondCopyIsSeenThroughTheLock() {
+    const QString lock = dir_.filePath(QStringLiteral("tellux.lock"));
+    QtSystemServices first(lock), second(lock);
+    QVERIFY(!first.another_copy_running());
+    QVERIFY(!first.another_copy_running());  // asking again from the same copy
+    QVERIFY(second.another_copy_running());
+  }
+
+  void fileFiltersInQtsForm() {
+    QCOMPARE(qt_file_filter("Tellux 5 & 6 (*.TX3)|*.TX3|TL! DOS (*.SEV)|*.SEV"),
+             QStringLiteral("Tellux 5 & 6 (*.TX3);;TL! DOS (*.SEV)"));
+    QCOMPARE(qt_file_filter("Programs|*.EXE"), QStringLiteral("Programs (*.EXE)"));
+  }
+};
+
+}  // namespace tellux
+
+QTEST_MAIN(tellux::WindowTest)
+#include "window_test.moc"
