@@ -1,6 +1,7 @@
 #include "app/application.h"
 
 #include "core/data_dir.h"
+#include "model/layer_depths.h"
 #include "plot/bilog_frame.h"
 
 namespace tellux {
@@ -12,10 +13,16 @@ Application::Application(Dialogs& dialogs, Forms& forms, DrawingSurface& Bilog,
       frmSplash(session),
       main(session, settings, std::move(settings_path), Bilog, system, frmSplash),
       sheet(session, settings.SevFile),
-      setup(session, Bilog, main.Text1, main.Text4, &sheet.BuildGrid) {
+      setup(session, Bilog, main.Text1, main.Text4, &sheet.BuildGrid),
+      model(session, Bilog,
+            MainFormBoxes{sheet.XBox, sheet.YBox, sheet.ZBox, sheet.AzimBox, sheet.CommentBox,
+                          sheet.TitleBox, main.NameBox, main.Text3}) {
   prepare_bilog_surface(Bilog);
   drawing.attach();
   main.attach(setup, sheet);
+  main.ComputeDepths = [this] { tellux::ComputeDepths(session); };
+  main.compute_model = [this] { model.menu_compute(); };
+  main.fit_model = [this] { model.menu_fit(); };
 }
 
 void Application::Option_Click(int index) {

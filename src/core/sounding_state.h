@@ -70,7 +70,7 @@ struct SoundingState {
   rt::Array1<double, 62> TransformSamples;
   int16_t DecadeStart = -1;
   Cell FitMisfit;              // 0 also means that no fit is running
-  int16_t SuperposeCurve = 0;  // 1 ticked, -1 not, 0 before the model window was used
+  int16_t SuperposeCurve = -1;  // 1: the overlay box is ticked, -1: not
   double ModelSensitivity = 0.3;
   rt::Array1<float, 51> FieldSlopes;
   int16_t ThicknessDecimals = 0;

@@ -105,11 +105,15 @@ MainWindow::MainWindow(Application& app, QtDrawingSurface& bilog, QtForms& forms
   };
   app_.main.end_program = [this] { end_program(); };
   wire_forms();
+  model_view_ = make_model_window_view(app_.model, this);
+  model_view_->on_action = [this] { refresh(); };
+  connect_model_window(forms_, app_.model, *model_view_);
 }
 
 MainWindow::~MainWindow() {
   set_screen_pointer(kPointerDefault);
   forms_ = QtForms();
+  model_view_.reset();
 }
 
 QWidget* MainWindow::build_bilog_page() {
@@ -184,7 +188,7 @@ void MainWindow::build_menu() {
 
   QAction* modele = bar->addAction(QStringLiteral("&Model + Calcul"));
   modele->setObjectName(QStringLiteral("NModele"));
-  connect(modele, &QAction::triggered, this, [this] { show_model_window(); });
+  connect(modele, &QAction::triggered, this, [this] { run([this] { app_.model.menu_model(); }); });
 
   QMenu* calcul = bar->addMenu(QStringLiteral("&Calculation"));
   calcul->setObjectName(QStringLiteral("NCalcul"));
@@ -314,6 +318,7 @@ void MainWindow::run(const std::function<void()>& action) {
 
 void MainWindow::refresh() {
   if (refreshing_) return;
+  if (model_view_ && model_view_->isVisible()) model_view_->refresh();
   refreshing_ = true;
   MainForm& main = app_.main;
   text1_->setText(q(main.Text1.Text));

@@ -10,6 +10,7 @@
 
 #include "app/application.h"
 #include "platform/qt/bilog_widget.h"
+#include "platform/qt/model_window_view.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_drawing_surface.h"
 #include "platform/qt/qt_forms.h"
@@ -51,6 +52,7 @@ class MainWindow : public QMainWindow {
   SheetWidget* sheet() const { return sheet_; }
   SetupWidget* setup() const { return setup_; }
   SplashWindow* splash() const { return splash_; }
+  ModelWindowView* model_view() const { return model_view_.get(); }
   QComboBox* language_box() const { return combo6_; }
   QToolBar* toolbar() const { return toolbar_; }
   QLineEdit* status_line() const { return text1_; }
@@ -88,6 +90,7 @@ class MainWindow : public QMainWindow {
   SetupWidget* setup_ = nullptr;
   GridView* profile_grid_ = nullptr;
   SplashWindow* splash_ = nullptr;
+  std::unique_ptr<ModelWindowView> model_view_;
   std::array<QAction*, 6> recent_{};
   bool loaded_ = false;
   bool ended_ = false;

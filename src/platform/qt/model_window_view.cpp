@@ -1,5 +1,7 @@
 #include "platform/qt/model_window_view.h"
 
+#include <QScreen>
+
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QGridLayout>
@@ -91,9 +93,12 @@ ModelWindowView::ModelWindowView(ModelWindow& window, QWidget* parent)
       std::max(pixels(ModelWindow::kRowHeight), grid_->fontMetrics().height() + 4);
   grid_->verticalHeader()->setMinimumSectionSize(row_height);
   grid_->verticalHeader()->setDefaultSectionSize(row_height);
+  grid_->horizontalHeader()->setHighlightSections(false);
+  // The laid-out widths, widened where this screen's font would clip the longest head.
+  const int head_width = grid_->fontMetrics().horizontalAdvance(QStringLiteral("Resistivity")) + 12;
   int width = 2 * grid_->frameWidth();
   for (int c = 0; c < window_.Grid1.cols(); ++c) {
-    grid_->setColumnWidth(c, pixels(ModelWindow::kColumnWidths[c]));
+    grid_->setColumnWidth(c, std::max(pixels(ModelWindow::kColumnWidths[c]), head_width));
     width += grid_->columnWidth(c);
   }
   grid_->setFixedWidth(width + grid_->verticalScrollBar()->sizeHint().width());
@@ -198,6 +203,7 @@ QPushButton* ModelWindowView::button(const Button& model) const {
 void ModelWindowView::run(void (ModelWindow::*action)()) {
   (window_.*action)();
   refresh();
+  if (on_action) on_action();
 }
 
 void ModelWindowView::focus_grid() {
@@ -275,8 +281,18 @@ void ModelWindowView::closeEvent(QCloseEvent* event) {
 
 void ModelWindowView::show_beside_parent() {
   QWidget* owner = parentWidget();
-  const QPoint place(pixels(ModelWindow::kLeft), pixels(ModelWindow::kTop));
-  move(owner ? owner->mapToGlobal(place) : place);
+  QPoint place(pixels(ModelWindow::kLeft), pixels(ModelWindow::kTop));
+  place = owner ? owner->mapToGlobal(place) : place;
+  // Where the screen has room beside the main window, the window stands there and hides nothing
+  // of the tabs; otherwise at its laid-out place over the right of the diagram.
+  if (owner && !isVisible()) {
+    const QRect frame = owner->frameGeometry();
+    const QScreen* screen = owner->screen();
+    const QPoint beside(frame.right() + 8, place.y());
+    if (screen && beside.x() + sizeHint().width() <= screen->availableGeometry().right())
+      place = beside;
+  }
+  if (!isVisible()) move(place);
   show();
   raise();
 }

@@ -4,6 +4,7 @@
 // slider and the comment. It shows the control models of `ModelWindow` and hands every action of
 // the user to its handlers; the grid does not edit by itself, its keys go to the logic.
 #include <QWidget>
+#include <functional>
 #include <memory>
 
 #include "app/model_window.h"
@@ -39,6 +40,9 @@ class ModelWindowView : public QWidget, public ModelWindowDisplay {
   QCheckBox* overlay_box() const { return check18_; }
   QSlider* slider() const { return slider1_; }
   QLabel* overlay_number() const { return grid2_; }
+
+  // Runs after each action of the window, so that the main window shows what it changed.
+  std::function<void()> on_action;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
