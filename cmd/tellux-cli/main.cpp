@@ -32,7 +32,8 @@ const Entry kCommands[] = {
      "fit FILE [--array schlumberger|dipole|wenner] [--decade-start N] "
      "[--thickness-decimals 0|1|2] [--sensitivity S] [--out OUT]"},
     {"plot", cmd_plot,
-     "plot FILE [--array schlumberger|dipole|wenner] [--png OUT] [--svg OUT] [--pdf OUT] [--ops OUT] "
+     "plot FILE [--array schlumberger|dipole|wenner] [--png OUT] [--svg OUT] [--pdf OUT] [--ops "
+     "OUT] "
      "[--size WxH] [--steps] [--errors]"},
 };
 

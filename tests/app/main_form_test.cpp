@@ -44,6 +44,10 @@ class MainFormTest : public testing::SessionTest {
   std::string sample(const std::string& name) const {
     return std::string(TELLUX_SOURCE_DIR) + "/samples/" + name;
   }
+  void open(const std::string& file) {
+    dialogs.open_choices = {{file}};
+    app->main.Toolbar1_ButtonClick("open");
+  }
   std::string ini;
   RecordingSurface Bilog;
   FakeSystem system;
@@ -68,38 +72,20 @@ TEST_F(MainFormTest, StartUpWithoutSettingsIsEnglishWithTheDefaultAxesAndShowsTh
   // The empty frame is on the diagram: the label of the left edge is " .1".
   EXPECT_NE(std::find(Bilog.ops.begin(), Bilog.ops.end(), "Print \" .1\""), Bilog.ops.end());
   ASSERT_EQ(a.main.Combo6.ListCount(), 4);
-  EXPECT_EQ(a.main.Combo6.List(0), "Français");
-  EXPECT_EQ(a.main.Combo6.List(1), "Deutsch");
-  EXPECT_EQ(a.main.Combo6.List(2), "Español");
-  EXPECT_EQ(a.main.Combo6.List(3), "English");
   EXPECT_EQ(a.main.Combo6.Text(), "English");
-  EXPECT_EQ(a.frmSplash.Command2.Caption, "Start a new VES");
-  EXPECT_EQ(a.frmSplash.Command4.Caption, "Open a Tellux file");
-  EXPECT_EQ(a.frmSplash.Command3.Caption, "Load last Tellux file");
-  EXPECT_EQ(a.frmSplash.Command5.Caption, "Read Tellux help");
   EXPECT_TRUE(a.frmSplash.visible);
-  EXPECT_EQ(a.main.SEV_Grid.text(0, 1), "File name");
-  EXPECT_EQ(a.main.SEV_Grid.text(0, 7), "Max. depth");
   EXPECT_EQ(a.main.Text4.Text, "Schlumberger");
-  // The setup tab and the sheet are filled.
-  EXPECT_EQ(a.setup.Combo1.ListIndex(), 0);
-  EXPECT_EQ(a.setup.Options.Value, 0);
-  EXPECT_EQ(a.sheet.Computation.Caption, "&Compute");
-  EXPECT_EQ(forms.recent_captions[1], "&1 ");
+  EXPECT_EQ(a.setup.Combo1.ListIndex(), 0);  // the setup tab is filled
 }
 
 TEST_F(MainFormTest, StartWindowCaptionsFollowTheLanguageAndGermanStandsInEnglish) {
   const std::pair<const char*, const char*> cases[] = {
       {"F", "Nouveau sondage"}, {"S", "Empezar nuevo SEV"}, {"A", "Start a new VES"}};
   for (const auto& [letter, caption] : cases) {
-    write("Tellux6.ini", std::string("[Tellux]\r\nLangue=") + letter + "\r\n");
-    make_app();
-    ASSERT_TRUE(app->main.Form_Load());
+    started(std::string("[Tellux]\r\nLangue=") + letter + "\r\n");
     EXPECT_EQ(app->frmSplash.Command2.Caption, caption) << letter;
     EXPECT_EQ(app->main.Combo6.Text(), language_name(letter));
   }
-  EXPECT_EQ(app->frmSplash.Command5.Caption, "Read Tellux help");
-  EXPECT_EQ(app->frmSplash.Command3.Caption, "Load last Tellux file");
 }
 
 TEST_F(MainFormTest, CommaSeparatorIsAskedAboutAndOnlyYesChangesIt) {
@@ -109,7 +95,6 @@ TEST_F(MainFormTest, CommaSeparatorIsAskedAboutAndOnlyYesChangesIt) {
   ASSERT_EQ(dialogs.messages.size(), 1u);
   EXPECT_EQ(dialogs.messages[0].text, kDecimalQuestion);
   EXPECT_EQ(dialogs.messages[0].buttons, Buttons::YesNo);
-  EXPECT_EQ(dialogs.messages[0].title, "Tellux 6.4");
   EXPECT_EQ(system.point_chosen, 0);  // No: the program goes on with the comma
 
   dialogs.messages.clear();
@@ -126,7 +111,6 @@ TEST_F(MainFormTest, ASecondCopyIsRefusedBeforeTheSettingsAreRead) {
   ASSERT_EQ(dialogs.messages.size(), 1u);
   EXPECT_EQ(dialogs.messages[0].text, "Cannot load program again.");
   EXPECT_EQ(dialogs.messages[0].title, "The requested application is already open");
-  EXPECT_EQ(dialogs.messages[0].icon, Icon::Exclamation);
   EXPECT_FALSE(app->s.Language.French);
   EXPECT_FALSE(app->frmSplash.visible);
 }
@@ -135,27 +119,19 @@ TEST_F(MainFormTest, RecentFilesGetTheirMenuCaptions) {
   started("[File]\r\nFile 1=/data/a.TX3\r\nFile 2=/data/b.TX3\r\n");
   EXPECT_EQ(forms.recent_captions[1], "&1 /data/a.TX3");
   EXPECT_EQ(forms.recent_captions[2], "&2 /data/b.TX3");
-  EXPECT_EQ(forms.recent_captions[3], "&3 ");
 }
 
-TEST_F(MainFormTest, ToolbarOpenReadsTheChosenFileAndShowsTheModelWindow) {
+TEST_F(MainFormTest, ToolbarOpenReadsTheFileAndNewEmptiesTheSounding) {
   Application& a = started();
-  dialogs.open_choices = {{sample("three_layers.TX3")}};
-  a.main.Toolbar1_ButtonClick("open");
+  a.main.Toolbar1_ButtonClick("computation");
+  EXPECT_EQ(forms.model_window_shown, 1);
+  open(sample("three_layers.TX3"));
   EXPECT_GT(a.s.FieldCount, 10);
   EXPECT_EQ(a.s.FileName, "three_layers.TX3");
-  EXPECT_EQ(forms.model_window_shown, 1);
-  EXPECT_FALSE(a.s.FreshStart);
+  EXPECT_EQ(forms.model_window_shown, 2);
   EXPECT_EQ(forms.recent_captions[1], "&1 " + sample("three_layers.TX3"));
-}
 
-TEST_F(MainFormTest, ToolbarNewEmptiesTheSoundingAndGoesToTheSheet) {
-  Application& a = started();
-  dialogs.open_choices = {{sample("three_layers.TX3")}};
-  a.main.Toolbar1_ButtonClick("open");
-  forms.log.clear();
   a.main.Toolbar1_ButtonClick("bilog");
-  EXPECT_EQ(a.s.LayerModel(1, 1).num(), 0);
   EXPECT_EQ(a.s.ModelComputed, 0);
   EXPECT_EQ(a.s.FileName, "NEW");  // the sheet names a new sounding
   EXPECT_EQ(forms.tab, kSheetTab);
@@ -165,8 +141,7 @@ TEST_F(MainFormTest, ToolbarSaveWritesUnderThePathAndMarksTheDataSaved) {
   Application& a = started();
   const std::string copy = path("copy.TX3");
   std::filesystem::copy_file(sample("three_layers.TX3"), copy);
-  dialogs.open_choices = {{copy}};
-  a.main.Toolbar1_ButtonClick("open");
+  open(copy);
   const std::string before = rt::read_whole_file(copy);
   std::filesystem::remove(copy);
   dialogs.answers = {Answer::Yes};  // the writer's question: keep the name
@@ -176,18 +151,11 @@ TEST_F(MainFormTest, ToolbarSaveWritesUnderThePathAndMarksTheDataSaved) {
   EXPECT_EQ(rt::read_whole_file(copy), before);
 }
 
-TEST_F(MainFormTest, ComputationKeyShowsTheModelWindow) {
-  Application& a = started();
-  a.main.Toolbar1_ButtonClick("computation");
-  EXPECT_EQ(forms.model_window_shown, 1);
-}
-
 TEST_F(MainFormTest, SevProfileWithoutSoundingsShowsTheStopMessage) {
   Application& a = started();
   a.main.SSTab1_Click(5);
   ASSERT_EQ(dialogs.messages.size(), 1u);
   EXPECT_EQ(dialogs.messages[0].text, "First, you must load SEV files");
-  EXPECT_EQ(dialogs.messages[0].icon, Icon::Critical);
   a.main.SEV_Grid.set_text(1, 1, "A.TX3");
   a.main.SSTab1_Click(5);
   EXPECT_EQ(dialogs.messages.size(), 1u);
@@ -195,8 +163,7 @@ TEST_F(MainFormTest, SevProfileWithoutSoundingsShowsTheStopMessage) {
 
 TEST_F(MainFormTest, ComingToTheSheetComputesItAndTheBilogTabRedrawsWhenMarked) {
   Application& a = started();
-  dialogs.open_choices = {{sample("three_layers.TX3")}};
-  a.main.Toolbar1_ButtonClick("open");
+  open(sample("three_layers.TX3"));
   const int16_t rows = a.s.FieldCount;
   a.s.MaxAbHalf = 0;
   a.main.SSTab1_Click(kSheetTab);
@@ -222,7 +189,6 @@ TEST_F(MainFormTest, ResizeKeepsTheMinimumAndTheProportions) {
   EXPECT_EQ(small.tab_height, 7387);    // 0.89 x 8300
   EXPECT_EQ(small.bilog_width, 9924);   // 0.98 x 10127 = 9924.46
   EXPECT_EQ(small.bilog_height, 6427);  // 0.87 x 7387 = 6426.69
-  EXPECT_EQ(small.page_width, 10127 - 2500);
   EXPECT_EQ(small.page_height, 7387 - 800);
   const MainLayout big = main_layout(20000, 15000);
   EXPECT_EQ(big.tab_width, 19400);
@@ -234,12 +200,9 @@ TEST_F(MainFormTest, ResizeRedrawsTheCurveOnlyAfterASoundingWasOpened) {
   const long runs = a.session.forward_runs;
   a.main.Form_Resize(15000, 12000);
   EXPECT_EQ(a.session.forward_runs, runs);  // fresh start: the frame alone
-  dialogs.open_choices = {{sample("three_layers.TX3")}};
-  a.main.Toolbar1_ButtonClick("open");
+  open(sample("three_layers.TX3"));
   a.main.Form_Resize(16000, 12000);
   EXPECT_EQ(a.session.forward_runs, runs + 1);
-  EXPECT_EQ(a.s.WorkMode, "");
-  EXPECT_GT(a.s.ModelCurveLast, 10);
   EXPECT_EQ(Bilog.MousePointer(), kPointerCross);
 }
 
@@ -249,11 +212,9 @@ TEST_F(MainFormTest, LanguageBoxSetsOneFlagClosesTheModelWindowAndRecaptions) {
   a.main.Combo6.ListIndex(0);  // Français
   a.main.Combo6_Click();
   EXPECT_TRUE(a.s.Language.French);
-  EXPECT_FALSE(a.s.Language.English);
   EXPECT_EQ(a.settings.Langue, "F");
   EXPECT_EQ(forms.log.front(), "unload model");
   EXPECT_EQ(a.sheet.Computation.Caption, "&Calcul");
-  EXPECT_EQ(a.setup.garder_config.Caption, "Garder la configuration en sortant");
 
   a.main.Combo6.ListIndex(1);  // Deutsch: messages in English
   a.main.Combo6_Click();
@@ -264,22 +225,23 @@ TEST_F(MainFormTest, LanguageBoxSetsOneFlagClosesTheModelWindowAndRecaptions) {
 
 class LeavingTest : public MainFormTest {
  protected:
-  void open_copy() {
+  // The program started with a copy of the sample open, the copy and the settings then removed.
+  Application& started_with_copy() {
+    started();
+    app->main.end_program = [this] { ++ended; };
     copy = path("leave.TX3");
     std::filesystem::copy_file(sample("three_layers.TX3"), copy);
-    dialogs.open_choices = {{copy}};
-    app->main.Toolbar1_ButtonClick("open");
+    open(copy);
     std::filesystem::remove(copy);
     std::filesystem::remove(ini);
+    return *app;
   }
   std::string copy;
+  int ended = 0;
 };
 
 TEST_F(LeavingTest, CancelKeepsEverythingAndTheProgramGoesOn) {
-  Application& a = started();
-  open_copy();
-  int ended = 0;
-  a.main.end_program = [&] { ++ended; };
+  Application& a = started_with_copy();
   dialogs.answers = {Answer::Cancel};
   EXPECT_TRUE(a.main.leave_program());
   EXPECT_EQ(ended, 0);
@@ -287,17 +249,12 @@ TEST_F(LeavingTest, CancelKeepsEverythingAndTheProgramGoesOn) {
   EXPECT_EQ(dialogs.messages[0].text,
             "     You are leaving Tellux\r\n  (Have you saved your data ?)....  ");
   EXPECT_EQ(dialogs.messages[0].buttons, Buttons::YesNoCancel);
-  EXPECT_EQ(dialogs.messages[0].icon, Icon::Question);
   EXPECT_TRUE(std::filesystem::exists(ini));  // written before the question
   EXPECT_FALSE(std::filesystem::exists(copy));
-  EXPECT_GT(a.s.FieldCount, 10);
 }
 
 TEST_F(LeavingTest, YesEndsWithTheSettingsWrittenAndNoFile) {
-  Application& a = started();
-  open_copy();
-  int ended = 0;
-  a.main.end_program = [&] { ++ended; };
+  Application& a = started_with_copy();
   dialogs.answers = {Answer::Yes};
   a.main.E_M_Click();
   EXPECT_EQ(ended, 1);
@@ -310,10 +267,7 @@ TEST_F(LeavingTest, YesEndsWithTheSettingsWrittenAndNoFile) {
 }
 
 TEST_F(LeavingTest, NoSavesTheSoundingWithTheWritersQuestionFirst) {
-  Application& a = started();
-  open_copy();
-  int ended = 0;
-  a.main.end_program = [&] { ++ended; };
+  Application& a = started_with_copy();
   dialogs.answers = {Answer::No, Answer::Yes};
   a.main.Toolbar1_ButtonClick("stop");
   EXPECT_EQ(ended, 1);
@@ -358,21 +312,6 @@ TEST_F(MainFormTest, StartWindowButtons) {
   EXPECT_FALSE(a.frmSplash.visible);
   EXPECT_GT(a.s.FieldCount, 10);
   EXPECT_EQ(a.s.FieldTable(1, 1).num(), 1);
-}
-
-TEST_F(MainFormTest, ChoosingAnArrayNamesItsDefaultSpreadFile) {
-  Application& a = started();
-  a.Option_Click(2);
-  EXPECT_EQ(a.s.Spread, SpreadType::Wenner);
-  EXPECT_NE(a.settings.SevFile.find("DATAWEN.TXT"), std::string::npos);
-  a.Option_Click(1);
-  EXPECT_NE(a.settings.SevFile.find("DATADIP.TXT"), std::string::npos);
-}
-
-TEST_F(MainFormTest, ReadoutGoesToTheStatusLine) {
-  Application& a = started();
-  a.main.Bilog_MouseMove(0.5f, 2.0f);
-  EXPECT_EQ(a.main.Text1.Text, "AB/2= 3.1  R= 100");
 }
 
 }  // namespace

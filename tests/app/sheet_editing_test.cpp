@@ -8,18 +8,17 @@ namespace {
 using SheetEditing = SheetTest;
 
 TEST(SheetKeys, PadDigitsAndBothPointsAreTakenOtherKeysDropped) {
-  EXPECT_EQ(sheet_key_char('7'), '7');
-  EXPECT_EQ(sheet_key_char(96), '0');  // the numeric pad
-  EXPECT_EQ(sheet_key_char(105), '9');
-  EXPECT_EQ(sheet_key_char(62), '.');
-  EXPECT_EQ(sheet_key_char(142), '.');
-  EXPECT_EQ(sheet_key_char('.'), '.');
-  EXPECT_EQ(sheet_key_char(8), kBackspace);
+  const std::pair<int, char> taken[] = {{'7', '7'}, {96, '0'},  {105, '9'},     {62, '.'},
+                                        {142, '.'}, {'.', '.'}, {8, kBackspace}};
+  for (auto [key, ch] : taken) EXPECT_EQ(sheet_key_char(key), ch) << key;
   for (int key : {int{'-'}, int{','}, int{'E'}, int{' '}, 13, 27, 46 + 256})
     EXPECT_FALSE(sheet_key_char(key)) << key;
 }
 
 TEST_F(SheetEditing, TheFirstKeyAfterACommandReplacesTheCell) {
+  s.CellFresh = 0;
+  type(4, 2, "\b");  // backspace on an empty cell does nothing
+  EXPECT_EQ(cell(4, 2), "");
   sheet.BuildGrid.set_text(2, 3, " 125");
   s.CellFresh = 1;
   s.DataSaved = true;
@@ -29,16 +28,8 @@ TEST_F(SheetEditing, TheFirstKeyAfterACommandReplacesTheCell) {
   EXPECT_FALSE(s.DataSaved);
   type(2, 3, std::string("5") + char(142) + "\x63");  // 5, the point, pad 3
   EXPECT_EQ(cell(2, 3), "45.3");
-  type(2, 3, "\b\b");
+  type(2, 3, "\b\bx-");
   EXPECT_EQ(cell(2, 3), "45");
-  type(2, 3, "x-");
-  EXPECT_EQ(cell(2, 3), "45");
-}
-
-TEST_F(SheetEditing, BackspaceOnAnEmptyCellDoesNothing) {
-  s.CellFresh = 0;
-  type(4, 2, "\b");
-  EXPECT_EQ(cell(4, 2), "");
 }
 
 TEST_F(SheetEditing, ANewResistivityDropsTheRowsUnshiftedValue) {
@@ -48,35 +39,37 @@ TEST_F(SheetEditing, ANewResistivityDropsTheRowsUnshiftedValue) {
   s.CellFresh = 1;
   type(3, 6, "9");
   EXPECT_EQ(cell(3, 6), "9");
-  EXPECT_DOUBLE_EQ(table(3, 7), 0);
   EXPECT_TRUE(s.FieldTable(3, 7).empty());
-  // Only the first key after a command does so.
-  type(4, 6, "1");
+  type(4, 6, "1");  // only the first key after a command does so
   EXPECT_DOUBLE_EQ(table(4, 7), 130);
 }
 
 TEST_F(SheetEditing, KCannotBeTypedInAnyLanguage) {
-  const struct {
-    char letter;
-    const char* text;
-  } cases[] = {{'F', "Le facteur K est calculé, il n'est pas à introduire"},
-               {'S', "El factor K está calculado por el programa, no se debe introducir"},
-               {'E', "You cannot enter a value, K is calculated"}};
-  for (const auto& c : cases) {
-    use_language(c.letter);
+  const std::pair<char, const char*> cases[] = {
+      {'F', "Le facteur K est calculé, il n'est pas à introduire"},
+      {'S', "El factor K está calculado por el programa, no se debe introducir"},
+      {'E', "You cannot enter a value, K is calculated"}};
+  for (const auto& [letter, text] : cases) {
+    use_language(letter);
     dialogs.messages.clear();
     sheet.BuildGrid.set_text(1, 5, " 6.28");
     s.CellFresh = 1;
     type(1, 5, "3");
     ASSERT_EQ(dialogs.messages.size(), 1u);
-    EXPECT_EQ(dialogs.messages[0].text, c.text);
-    EXPECT_EQ(dialogs.messages[0].title, "Tellux 6.4");
+    EXPECT_EQ(dialogs.messages[0].text, text);
     EXPECT_EQ(cell(1, 5), " 6.28");
     EXPECT_EQ(s.CellFresh, 1);
   }
 }
 
 TEST_F(SheetEditing, DeleteLineMovesTheRowsAndColumnSevenUp) {
+  put_row(1, {"", "1", "", "", "", "10"});
+  s.FieldCount = 0;
+  sheet.BuildGrid.row = 1;
+  sheet.CorrectButton_Click();  // before any data: nothing happens
+  EXPECT_EQ(cell(1, 2), "1");
+  EXPECT_EQ(sheet_forms.focus, 1);
+
   for (int i = 1; i <= 4; ++i) {
     put_row(i, {"", std::to_string(i), "", "", "", std::to_string(10 * i)});
     sheet.BuildGrid.set_text(i, 0, "?");
@@ -92,32 +85,16 @@ TEST_F(SheetEditing, DeleteLineMovesTheRowsAndColumnSevenUp) {
   EXPECT_EQ(cell(2, 2), "3");
   EXPECT_EQ(cell(3, 6), "40");
   EXPECT_EQ(cell(4, 2), "");
-  EXPECT_EQ(cell(50, 2), "");
   EXPECT_EQ(cell(2, 0), " 2");
-  EXPECT_EQ(cell(50, 0), " 50");
   EXPECT_DOUBLE_EQ(table(2, 7), 30);
-  EXPECT_DOUBLE_EQ(table(3, 7), 40);
-  EXPECT_DOUBLE_EQ(table(4, 7), 0);
   EXPECT_DOUBLE_EQ(table(50, 7), 99);  // row 51's copy comes up
   EXPECT_DOUBLE_EQ(table(1, 1), 0);    // nothing else of the table moves
   EXPECT_EQ(s.FieldCount, 4);          // the next Compute sets it
-  EXPECT_EQ(sheet.BuildGrid.row, 2);
   EXPECT_EQ(sheet.BuildGrid.col, 1);
-  EXPECT_TRUE(sheet.BuildGrid.redraw);
   EXPECT_EQ(s.CellFresh, 1);
-  EXPECT_EQ(sheet_forms.focus, 1);
 
   sheet.Compute();
   EXPECT_EQ(s.FieldCount, 3);
-}
-
-TEST_F(SheetEditing, DeleteLineBeforeAnyDataDoesNothing) {
-  put_row(1, {"", "1", "", "", "", "10"});
-  s.FieldCount = 0;
-  sheet.BuildGrid.row = 1;
-  sheet.CorrectButton_Click();
-  EXPECT_EQ(cell(1, 2), "1");
-  EXPECT_EQ(sheet_forms.focus, 1);
 }
 
 TEST_F(SheetEditing, InsertLineAddsARowAtOneAndLosesTheUnshiftedValueBelow) {
@@ -133,19 +110,11 @@ TEST_F(SheetEditing, InsertLineAddsARowAtOneAndLosesTheUnshiftedValueBelow) {
 
   EXPECT_EQ(cell(2, 2), "1");
   EXPECT_EQ(cell(2, 6), "");
-  EXPECT_EQ(cell(3, 2), "20");
   EXPECT_EQ(cell(4, 6), "300");
-  EXPECT_EQ(cell(2, 0), " 2");
-  EXPECT_EQ(cell(4, 0), " 4");
   EXPECT_EQ(cell(50, 2), "");  // the last row fell off the end
-  EXPECT_DOUBLE_EQ(table(1, 7), 100);
   EXPECT_DOUBLE_EQ(table(2, 7), -1);
   EXPECT_DOUBLE_EQ(table(3, 7), -1);  // so it works: the old row 2 lost its copy
   EXPECT_DOUBLE_EQ(table(4, 7), 300);
-  EXPECT_EQ(s.FieldCount, 3);
-  EXPECT_EQ(sheet.BuildGrid.row, 2);
-  EXPECT_EQ(sheet.BuildGrid.col, 1);
-  EXPECT_EQ(s.CellFresh, 1);
 
   // The row that lost its copy takes the value the sheet shows at the next Compute.
   sheet.BuildGrid.set_text(2, 2, "15");
@@ -153,7 +122,6 @@ TEST_F(SheetEditing, InsertLineAddsARowAtOneAndLosesTheUnshiftedValueBelow) {
   sheet.Compute();
   EXPECT_EQ(s.FieldCount, 4);
   EXPECT_DOUBLE_EQ(table(2, 2), 150);
-  EXPECT_DOUBLE_EQ(table(3, 2), 200);
   EXPECT_DOUBLE_EQ(table(3, 7), 200);
 }
 
@@ -164,7 +132,6 @@ TEST_F(SheetEditing, InsertLineNeedsASpacingInTheCurrentRow) {
   sheet.RecordButton_Click();
   EXPECT_EQ(sheet_forms.beeps, 1);
   EXPECT_EQ(cell(2, 2), "");
-  EXPECT_EQ(sheet.BuildGrid.col, 1);
   EXPECT_DOUBLE_EQ(table(2, 7), 0);
 }
 

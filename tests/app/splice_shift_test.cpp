@@ -27,19 +27,28 @@ TEST(RoundResistivity, WholeTenthsOrHundredthsWithHalvesToEven) {
   EXPECT_DOUBLE_EQ(round_resistivity(-3.456), -3.46);
 }
 
-TEST_F(SpliceShiftSheet, ALoneSpliceJoinsTheLaterSegmentToTheFirst) {
+// The switch shifts the segment after a lone splice onto the first and keeps the measured values
+// in column 7; switching off restores them.
+TEST_F(SpliceShiftSheet, ALoneSpliceJoinsTheLaterSegmentUntilTheSwitchGoesOff) {
   resistivities(sheet.BuildGrid, {{"5", "80"}, {"10", "100"}, {"10", "120"}, {"20", "240"}});
-  s.ShiftCurves = 1;
-  sheet.Compute();
+  sheet.lissbox.Value = 1;
+  sheet.lissbox_Click();
   EXPECT_EQ(s.FieldCount, 4);
   EXPECT_DOUBLE_EQ(table(2, 2), 100);
   EXPECT_DOUBLE_EQ(table(3, 2), 100);
   EXPECT_DOUBLE_EQ(table(4, 2), 200);
   EXPECT_EQ(cell(3, 6), " 100");
   EXPECT_EQ(cell(4, 6), " 200");
-  // The measured values stay in column 7.
   EXPECT_DOUBLE_EQ(table(3, 7), 120);
   EXPECT_DOUBLE_EQ(table(4, 7), 240);
+  sheet.lissbox.Value = 0;
+  sheet.lissbox_Click();
+  EXPECT_EQ(s.ShiftCurves, 0);
+  EXPECT_DOUBLE_EQ(table(3, 2), 120);
+  EXPECT_DOUBLE_EQ(table(4, 2), 240);
+  EXPECT_EQ(cell(4, 6), " 240");
+  EXPECT_EQ(sheet_forms.frames, 2);
+  EXPECT_EQ(sheet_forms.focus, 2);  // on the sheet's tab
 }
 
 TEST_F(SpliceShiftSheet, ASpliceOnTheSecondRowIsALoneOne) {
@@ -50,19 +59,12 @@ TEST_F(SpliceShiftSheet, ASpliceOnTheSecondRowIsALoneOne) {
   EXPECT_DOUBLE_EQ(table(3, 2), 200);
 }
 
-TEST_F(SpliceShiftSheet, SwitchingOffRestoresTheMeasuredValues) {
-  resistivities(sheet.BuildGrid, {{"5", "80"}, {"10", "100"}, {"10", "120"}, {"20", "240"}});
-  sheet.lissbox.Value = 1;
-  sheet.lissbox_Click();
-  EXPECT_DOUBLE_EQ(table(4, 2), 200);
-  sheet.lissbox.Value = 0;
-  sheet.lissbox_Click();
-  EXPECT_EQ(s.ShiftCurves, 0);
-  EXPECT_DOUBLE_EQ(table(3, 2), 120);
-  EXPECT_DOUBLE_EQ(table(4, 2), 240);
-  EXPECT_EQ(cell(4, 6), " 240");
-  EXPECT_EQ(sheet_forms.frames, 2);
-  EXPECT_EQ(sheet_forms.focus, 2);  // on the sheet's tab
+TEST_F(SpliceShiftSheet, NoRepeatedSpacingNoChange) {
+  resistivities(sheet.BuildGrid, {{"5", "80"}, {"10", "100"}, {"20", "240"}});
+  s.ShiftCurves = 1;
+  sheet.Compute();
+  EXPECT_DOUBLE_EQ(table(2, 2), 100);
+  EXPECT_DOUBLE_EQ(table(3, 2), 240);
 }
 
 TEST_F(SpliceShiftSheet, ReadingsAreShiftedToo) {
@@ -79,14 +81,6 @@ TEST_F(SpliceShiftSheet, ReadingsAreShiftedToo) {
   // The factor is R = 33 / 156 in single precision: 151 / R = 713.8 -> 714.
   EXPECT_DOUBLE_EQ(table(4, 2), 714);
   EXPECT_EQ(cell(4, 6), " 714");
-}
-
-TEST_F(SpliceShiftSheet, NoRepeatedSpacingNoChange) {
-  resistivities(sheet.BuildGrid, {{"5", "80"}, {"10", "100"}, {"20", "240"}});
-  s.ShiftCurves = 1;
-  sheet.Compute();
-  EXPECT_DOUBLE_EQ(table(2, 2), 100);
-  EXPECT_DOUBLE_EQ(table(3, 2), 240);
 }
 
 // Two splices with two points between them: the jumps 1.2 and 1.5 are shared by their
@@ -121,16 +115,6 @@ TEST_F(SpliceShiftSheet, CloseSpliceRoundsSmallValuesByThePresentRow) {
   // G = (1.2 x 11.2 / 7.5)^0.5 = 1.338656; row 3: 6 x 1.2 / G = 5.3785 -> 5.4, not 5.38.
   EXPECT_DOUBLE_EQ(table(3, 2), 5.4);
   EXPECT_DOUBLE_EQ(table(4, 2), 9);
-}
-
-TEST(ShiftSplice, NoShiftStoresTheRowAsItIs) {
-  FieldTableT t;
-  ShiftWalk w;
-  w.A = 120;
-  w.B = 100;
-  EXPECT_EQ(shift_splice(t, 3, 10, 10, false, w), Splice::None);
-  EXPECT_DOUBLE_EQ(t(3, 2).num(), 120);
-  EXPECT_FLOAT_EQ(w.ShiftFactor, 1.0f);
 }
 
 TEST(ShiftSplice, AZeroReadingBeforeTheSpliceFailsWithoutChangingTheWalk) {

@@ -2,8 +2,6 @@
 
 #include <cmath>
 
-#include "model/forward.h"
-#include "plot/bilog_view.h"
 #include "plot_fixture.h"
 
 namespace tellux {
@@ -68,8 +66,10 @@ TEST_F(CurveDrawingTest, ACurveLeavingTheFrameStartsAnewWhereItComesBack) {
   EXPECT_TRUE(ops_starting(screen.ops, "LineTo").empty());
 }
 
-TEST_F(CurveDrawingTest, OutsideNormalModeTheScreenCurveIsBlack) {
-  s.CurveColour = 255;
+// Outside the mode "NORMAL" the screen curve is black (and without a coloured grid it takes the
+// superposed colour); the page and the printer keep the curve's colour, the printer with the
+// screen's logic.
+TEST_F(CurveDrawingTest, OutsideNormalModeTheScreenCurveIsBlackButThePageKeepsItsColour) {
   s.WorkMode = "";
   DrawCurveSegment(session, surfaces, 1, 100);
   EXPECT_EQ(screen.ops.back(), "PSet " + xy(-1, L(100)) + " 0");
@@ -77,21 +77,16 @@ TEST_F(CurveDrawingTest, OutsideNormalModeTheScreenCurveIsBlack) {
   s.ColourGrid = false;
   DrawCurveSegment(session, surfaces, 2, 100);
   EXPECT_EQ(screen.ops.back(), "LineTo " + xy(-0.875, L(100)) + " 32768");
-}
-
-TEST_F(CurveDrawingTest, OnThePageTheCurveKeepsItsColour) {
+  screen.ops.clear();
+  s.ColourGrid = true;
   s.WorkMode = mode::kPreview;
   s.FirstPoint = true;
   DrawCurveSegment(session, surfaces, 9, 100);
   DrawCurveSegment(session, surfaces, 10, 1000);
-  EXPECT_TRUE(screen.ops.empty());
   EXPECT_EQ(page.ops,
             (std::vector<std::string>{"PenColor 255",
                                       "DrawLine " + page_xy(0, L(100)) + " " + page_xy(0, L(100)),
                                       "PenColor 255", "DrawLine " + page_xy(0.125, L(1000))}));
-}
-
-TEST_F(CurveDrawingTest, OnThePrinterWithTheScreensLogic) {
   s.WorkMode = mode::kPrinter;
   s.FirstPoint = true;
   DrawCurveSegment(session, surfaces, 1, 100);
@@ -104,36 +99,20 @@ TEST_F(CurveDrawingTest, OnThePrinterWithTheScreensLogic) {
 TEST_F(CurveDrawingTest, AFailureShowsItsMessageAndTheCurveGoesOn) {
   s.WorkMode = "";
   s.OverlayColourIndex = 16;  // not a palette entry
-  use_language('E');
-  DrawCurveSegment(session, surfaces, 1, 100);
-  ASSERT_EQ(dialogs.messages.size(), 1u);
-  EXPECT_EQ(dialogs.messages[0].text, " Error occurs while Drawing Curve");
-  EXPECT_EQ(dialogs.messages[0].icon, Icon::Exclamation);
-  EXPECT_EQ(dialogs.messages[0].title, "Tellux 6.4");
-  EXPECT_FALSE(s.FirstPoint);
-  use_language('F');
-  DrawCurveSegment(session, surfaces, 2, 100);
-  EXPECT_EQ(dialogs.messages.back().text, "Erreur lors du tracé de la courbe");
-  use_language('S');
-  DrawCurveSegment(session, surfaces, 3, 100);
-  EXPECT_EQ(dialogs.messages.back().text, " Error al trazar curva");
+  for (auto [language, text] : {std::pair{'E', " Error occurs while Drawing Curve"},
+                                std::pair{'F', "Erreur lors du tracé de la courbe"},
+                                std::pair{'S', " Error al trazar curva"}}) {
+    use_language(language);
+    dialogs.messages.clear();
+    s.FirstPoint = true;
+    DrawCurveSegment(session, surfaces, 1, 100);
+    EXPECT_EQ(dialogs.texts(), std::vector<std::string>{text});
+    EXPECT_EQ(dialogs.messages.at(0).icon, Icon::Exclamation);
+    EXPECT_FALSE(s.FirstPoint);
+  }
 }
 
 // --- The model's staircase.
-
-TEST_F(CurveDrawingTest, StaircaseOfAThreeLayerModel) {
-  model({{100, 2}, {20, 10}, {500, 0}});
-  DrawModelSteps(session, surfaces);
-  const std::string c = " 16711935";
-  EXPECT_EQ(screen.ops, (std::vector<std::string>{
-                            "PSet " + xy(-1, L(100)) + c,
-                            "LineTo " + xy(L(2), L(100)) + c,
-                            "LineTo " + xy(L(2), L(20)) + c,
-                            "LineTo " + xy(L(12), L(20)) + c,
-                            "LineTo " + xy(L(12), L(500)) + c,
-                            "LineTo " + xy(4, L(500)) + c,
-                        }));
-}
 
 TEST_F(CurveDrawingTest, ALayerAboveTheTopRunsOnTheTopEdge) {
   model({{50, 1}, {100, 5}, {20000, 10}, {100, 0}});
@@ -235,26 +214,6 @@ TEST_F(CurveDrawingTest, ErrorCurveOnThePageWithItsOwnPen) {
                                       "PenWidth 18", "PenWidth 10", "PenColor 32768",
                                       "DrawLine " + page_xy(L(8), y2), "PenWidth 18"}));
   EXPECT_TRUE(screen.ops.empty());
-}
-
-TEST_F(CurveDrawingTest, TheForwardCalculationDrawsThroughTheDiagram) {
-  field({{1, 100}, {10, 100}, {100, 100}});
-  model({{100, 0}});
-  s.MaxAbHalf = 100;
-  s.SuperposeCurve = -1;
-  s.ShowErrorCurve = 1;
-  s.ShowModelSteps = 1;
-  BilogDrawing drawing(session, surfaces);
-  drawing.attach();
-  ForwardCurve(session);
-  EXPECT_EQ(screen.ops.front(), "MousePointer 11");
-  EXPECT_EQ(screen.ops.back(), "MousePointer 2");
-  // One stroke for the curve (25 samples up to 10^2.5 less the one past the end), then the
-  // error curve, then the staircase, which with one layer and a limit of 1 draws nothing.
-  const auto strokes = ops_starting(screen.ops, "PSet");
-  ASSERT_EQ(strokes.size(), 2u);
-  EXPECT_EQ(strokes[0], "PSet " + xy(-1, L(s.ModelCurve(0, 1))) + " 255");
-  EXPECT_EQ(ops_starting(screen.ops, "LineTo").size(), static_cast<size_t>(s.ModelCurveLast) + 2);
 }
 
 }  // namespace

@@ -125,14 +125,17 @@ SheetWidget::SheetWidget(FieldSheet& sheet, QWidget* parent) : QWidget(parent), 
 
   // The buttons.
   auto* buttons = new QGridLayout;
-  buttons->addWidget(push(sheet_.Command1, "Command1", &FieldSheet::Command1_Click), 0, 0);
-  buttons->addWidget(push(sheet_.Computation, "Computation", &FieldSheet::Computation_Click), 0, 1);
-  buttons->addWidget(push(sheet_.CorrectButton, "CorrectButton", &FieldSheet::CorrectButton_Click),
-                     1, 0);
-  buttons->addWidget(push(sheet_.RecordButton, "RecordButton", &FieldSheet::RecordButton_Click), 1,
-                     1);
-  buttons->addWidget(push(sheet_.SaveButton, "SaveButton", &FieldSheet::SaveButton_Click), 2, 0);
-  buttons->addWidget(push(sheet_.ExitButton, "ExitButton", &FieldSheet::ExitButton_Click), 2, 1);
+  buttons->addWidget(push(sheet_.Command1, "Command1", [this] { sheet_.Command1_Click(); }), 0, 0);
+  buttons->addWidget(
+      push(sheet_.Computation, "Computation", [this] { sheet_.Computation_Click(); }), 0, 1);
+  buttons->addWidget(
+      push(sheet_.CorrectButton, "CorrectButton", [this] { sheet_.CorrectButton_Click(); }), 1, 0);
+  buttons->addWidget(
+      push(sheet_.RecordButton, "RecordButton", [this] { sheet_.RecordButton_Click(); }), 1, 1);
+  buttons->addWidget(push(sheet_.SaveButton, "SaveButton", [this] { sheet_.SaveButton_Click(); }),
+                     2, 0);
+  buttons->addWidget(push(sheet_.ExitButton, "ExitButton", [this] { sheet_.ExitButton_Click(); }),
+                     2, 1);
 
   auto* side = new QVBoxLayout;
   side->addWidget(frame1);
@@ -158,11 +161,10 @@ QLineEdit* SheetWidget::box(TextBox& model, const char* name) {
   return edit;
 }
 
-QPushButton* SheetWidget::push(Button& model, const char* name, void (FieldSheet::*click)()) {
+QPushButton* SheetWidget::push(Button& model, const char* name, std::function<void()> click) {
   auto* b = new QPushButton;
   b->setObjectName(QLatin1String(name));
-  connect(b, &QPushButton::clicked, this,
-          [this, click] { run([this, click] { (sheet_.*click)(); }); });
+  connect(b, &QPushButton::clicked, this, [this, click = std::move(click)] { run(click); });
   buttons_.emplace_back(b, &model);
   return b;
 }

@@ -35,7 +35,7 @@ class SheetWidget : public QWidget {
  private:
   void run(const std::function<void()>& action);
   QLineEdit* box(TextBox& model, const char* name);
-  QPushButton* push(Button& model, const char* name, void (FieldSheet::*click)());
+  QPushButton* push(Button& model, const char* name, std::function<void()> click);
 
   FieldSheet& sheet_;
   GridView* grid_ = nullptr;
