@@ -1,6 +1,7 @@
 #include "model/forward.h"
 
 #include <cmath>
+#include <thread>
 #include <vector>
 
 #include "session_fixture.h"
@@ -228,6 +229,43 @@ TEST_F(ForwardTest, WennerAndDipoleFollowTheirOwnFilters) {
   EXPECT_NE(last[0], last[1]);
   EXPECT_NE(last[0], last[2]);
   for (double v : last) EXPECT_GT(v, 500.0);
+}
+
+// The abscissas and layer terms kept between runs must never leak from one model, array or left
+// edge into another: each curve equals the one a fresh thread (with nothing kept) computes.
+TEST_F(ForwardTest, WhatIsKeptBetweenRunsNeverChangesAResult) {
+  field({{1, 100}, {300, 100}});
+  s.WorkMode = mode::kFile;
+  const auto curve_of = [this](SoundingState& state) {
+    std::vector<double> out;
+    for (int i = 0; i <= state.ModelCurveLast; ++i) out.push_back(state.ModelCurve(i, 1));
+    return out;
+  };
+  const auto fresh = [&curve_of](const SoundingState& state) {
+    SoundingState copy = state;
+    std::vector<double> out;
+    std::thread([&] {
+      ScriptedDialogs d;
+      Forms f;
+      Session other{copy, d, f};
+      ForwardCurve(other);
+      out = curve_of(copy);
+    }).join();
+    return out;
+  };
+  model({{50, 2}, {400, 10}, {20, 0}});
+  for (SpreadType spread : {SpreadType::Schlumberger, SpreadType::Wenner, SpreadType::Dipole}) {
+    for (int16_t left : {int16_t{-1}, int16_t{0}}) {
+      s.Spread = spread;
+      s.DecadeStart = left;
+      for (double h : {2.0, 2.5, 2.5, 40.0}) {
+        s.LayerModel(1, 2) = h;
+        s.LayerModel(2, 1) = 400.0 + h;
+        ForwardCurve(session);
+        EXPECT_EQ(curve_of(s), fresh(s)) << static_cast<int>(spread) << " " << left << " " << h;
+      }
+    }
+  }
 }
 
 }  // namespace
