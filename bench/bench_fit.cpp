@@ -23,6 +23,16 @@ const std::vector<Layer>& truth(int layers) {
 }
 
 // One run: the synthetic field data with a little noise, the automatic model, the curve, the fit.
+// What a fit came to: the layers left, the passes, the forward runs and the final misfit.
+void report_fit(benchmark::State& state, SoundingState& s, const FitReport& report, long runs) {
+  Cell misfit;
+  FieldMisfit(s, misfit);
+  state.counters["layers"] = s.LayerCount;
+  state.counters["passes"] = report.passes;
+  state.counters["forward"] = static_cast<double>(runs);
+  state.counters["misfit"] = misfit.num();
+}
+
 // range(0): layers of the true model; range(1): field points.
 void BM_AutomaticModelAndFit(benchmark::State& state) {
   SoundingState s;
@@ -46,12 +56,7 @@ void BM_AutomaticModelAndFit(benchmark::State& state) {
     runs = session.forward_runs;
     benchmark::DoNotOptimize(s.LayerModel(1, 1));
   }
-  Cell misfit;
-  FieldMisfit(s, misfit);
-  state.counters["layers"] = s.LayerCount;
-  state.counters["passes"] = report.passes;
-  state.counters["forward"] = static_cast<double>(runs);
-  state.counters["misfit"] = misfit.num();
+  report_fit(state, s, report, runs);
 }
 
 // The fit alone, from the true model pushed off (resistivities x 1.3, thicknesses x 0.7), so that
@@ -79,12 +84,7 @@ void BM_FitFromAPushedModel(benchmark::State& state) {
     runs = session.forward_runs;
     benchmark::DoNotOptimize(s.LayerModel(1, 1));
   }
-  Cell misfit;
-  FieldMisfit(s, misfit);
-  state.counters["layers"] = s.LayerCount;
-  state.counters["passes"] = report.passes;
-  state.counters["forward"] = static_cast<double>(runs);
-  state.counters["misfit"] = misfit.num();
+  report_fit(state, s, report, runs);
 }
 
 BENCHMARK(BM_FitFromAPushedModel)

@@ -55,23 +55,13 @@ void FieldSheet::set_headers() {
                                                         : "a");
 }
 
-void FieldSheet::show_strings() {
-  CommentBox.Text = s_.CommentText;
-  TitleBox.Text = s_.GraphTitle;
-  XBox.Text = s_.LocationX;
-  YBox.Text = s_.LocationY;
-  ZBox.Text = s_.LocationZ;
-  AzimBox.Text = s_.LocationAzimuth;
+SoundingBoxes FieldSheet::string_boxes() {
+  return {XBox, YBox, ZBox, AzimBox, CommentBox, TitleBox};
 }
 
-void FieldSheet::take_strings() {
-  s_.CommentText = CommentBox.Text;
-  s_.GraphTitle = TitleBox.Text;
-  s_.LocationX = XBox.Text;
-  s_.LocationY = YBox.Text;
-  s_.LocationZ = ZBox.Text;
-  s_.LocationAzimuth = AzimBox.Text;
-}
+void FieldSheet::show_strings() { tellux::show_strings(s_, string_boxes()); }
+
+void FieldSheet::take_strings() { tellux::take_strings(s_, string_boxes()); }
 
 void FieldSheet::Load_build() {
   if (!s_.SheetBuilt) {

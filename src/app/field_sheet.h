@@ -6,6 +6,7 @@
 // these models and forwards the user's actions to the handlers below.
 #include <string>
 
+#include "app/sounding_boxes.h"
 #include "core/session.h"
 #include "platform/controls.h"
 #include "platform/grid_model.h"
@@ -79,6 +80,7 @@ class FieldSheet {
   void build_frame();
   void set_captions();
   void set_headers();
+  SoundingBoxes string_boxes();
   void show_strings();
   void take_strings();
   void after_switch();

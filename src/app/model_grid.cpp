@@ -39,16 +39,15 @@ void ModelWindow::blank_row(int row) {
 
 void ModelWindow::ComputeDepths() { ::tellux::ComputeDepths(session_); }
 
+SoundingBoxes ModelWindow::string_boxes() {
+  return {boxes_.X, boxes_.Y, boxes_.Z, boxes_.Azimuth, boxes_.Comment, boxes_.Title};
+}
+
 void ModelWindow::ReadModelGrid() {
   try {
     for (int r = 1; r <= 20; ++r)
       for (int c = 0; c <= 1; ++c) s_.LayerModel(r, c + 1) = rt::Val(Grid1.text(r, c));
-    s_.LocationX = boxes_.X.Text;
-    s_.LocationY = boxes_.Y.Text;
-    s_.LocationZ = boxes_.Z.Text;
-    s_.LocationAzimuth = boxes_.Azimuth.Text;
-    s_.CommentText = boxes_.Comment.Text;
-    s_.GraphTitle = boxes_.Title.Text;
+    take_strings(s_, string_boxes());
     RefreshModelGrid();
   } catch (const rt::RuntimeError&) {
     // The model stays as far as it was read.
@@ -77,12 +76,7 @@ void ModelWindow::RefreshModelGrid() {
   if (s_.LayerCount >= 1 && s_.LayerCount <= 20) Grid1.set_text(s_.LayerCount, 1, "");
   Grid1.redraw = true;
 
-  boxes_.X.Text = s_.LocationX;
-  boxes_.Y.Text = s_.LocationY;
-  boxes_.Z.Text = s_.LocationZ;
-  boxes_.Azimuth.Text = s_.LocationAzimuth;
-  boxes_.Comment.Text = s_.CommentText;
-  boxes_.Title.Text = s_.GraphTitle;
+  show_strings(s_, string_boxes());
   changed();
 }
 

@@ -10,6 +10,7 @@
 // handlers below, then repaints from the models.
 #include <string>
 
+#include "app/sounding_boxes.h"
 #include "core/session.h"
 #include "model/fit_button.h"
 #include "platform/controls.h"
@@ -103,6 +104,7 @@ class ModelWindow : public ModelWindowActions {
   // `Grid1` and the six boxes into the record, then `RefreshModelGrid`. A failure leaves the model
   // as far as it was read.
   void ReadModelGrid() override;
+  SoundingBoxes string_boxes();
   // The record into `Grid1` (after `ComputeDepths`) and the six strings into the boxes.
   void RefreshModelGrid();
   // `LayerCount`, depths and altitudes from `LayerModel`.
