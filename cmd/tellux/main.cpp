@@ -6,10 +6,10 @@
 #include <clocale>
 
 #include "app/application.h"
-#include "platform/qt/main_window.h"
+#include "gui/main_window.h"
+#include "gui/qt_forms.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_drawing_surface.h"
-#include "platform/qt/qt_forms.h"
 #include "platform/qt/qt_system.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "platform/qt/model_window_view.h"
+#include "gui/model_window_view.h"
 
 #include <QScreen>
 
@@ -18,8 +18,8 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
+#include "gui/qt_forms.h"
 #include "platform/qt/qt_drawing_surface.h"
-#include "platform/qt/qt_forms.h"
 
 namespace tellux {
 

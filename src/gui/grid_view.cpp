@@ -1,4 +1,4 @@
-#include "platform/qt/grid_view.h"
+#include "gui/grid_view.h"
 
 #include <QHeaderView>
 #include <QKeyEvent>

@@ -17,15 +17,15 @@
 #include <memory>
 
 #include "app/application.h"
+#include "gui/grid_view.h"
+#include "gui/main_window.h"
+#include "gui/qt_forms.h"
+#include "gui/setup_widget.h"
+#include "gui/sheet_widget.h"
+#include "gui/splash_window.h"
 #include "platform/headless/scripted_dialogs.h"
-#include "platform/qt/grid_view.h"
-#include "platform/qt/main_window.h"
 #include "platform/qt/qt_dialogs.h"
-#include "platform/qt/qt_forms.h"
 #include "platform/qt/qt_system.h"
-#include "platform/qt/setup_widget.h"
-#include "platform/qt/sheet_widget.h"
-#include "platform/qt/splash_window.h"
 
 namespace tellux {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "app/field_sheet.h"
-#include "platform/qt/grid_view.h"
+#include "gui/grid_view.h"
 
 class QCheckBox;
 class QGroupBox;

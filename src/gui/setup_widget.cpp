@@ -1,4 +1,4 @@
-#include "platform/qt/setup_widget.h"
+#include "gui/setup_widget.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>

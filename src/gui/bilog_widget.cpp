@@ -1,4 +1,4 @@
-#include "platform/qt/bilog_widget.h"
+#include "gui/bilog_widget.h"
 
 #include <QGuiApplication>
 #include <QMouseEvent>

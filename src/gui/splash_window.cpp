@@ -1,4 +1,4 @@
-#include "platform/qt/splash_window.h"
+#include "gui/splash_window.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -6,7 +6,7 @@
 #include <QVBoxLayout>
 
 #include "core/sounding_state.h"
-#include "platform/qt/toolbar_icons.h"
+#include "gui/toolbar_icons.h"
 
 namespace tellux {
 

@@ -1,4 +1,4 @@
-#include "platform/qt/sheet_widget.h"
+#include "gui/sheet_widget.h"
 
 #include <QCheckBox>
 #include <QFormLayout>

@@ -1,4 +1,4 @@
-#include "platform/qt/toolbar_icons.h"
+#include "gui/toolbar_icons.h"
 
 #include <QPainter>
 #include <QPainterPath>

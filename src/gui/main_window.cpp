@@ -1,4 +1,4 @@
-#include "platform/qt/main_window.h"
+#include "gui/main_window.h"
 
 #include <QAction>
 #include <QApplication>
@@ -13,11 +13,11 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
-#include "platform/qt/grid_view.h"
-#include "platform/qt/setup_widget.h"
-#include "platform/qt/sheet_widget.h"
-#include "platform/qt/splash_window.h"
-#include "platform/qt/toolbar_icons.h"
+#include "gui/grid_view.h"
+#include "gui/setup_widget.h"
+#include "gui/sheet_widget.h"
+#include "gui/splash_window.h"
+#include "gui/toolbar_icons.h"
 #include "plot/bilog_frame.h"
 
 namespace tellux {

@@ -1,6 +1,6 @@
 // The model window on the screen: keys typed in the grid reach the logic, double clicks fix
 // values, the buttons and the overlay box act, and the view shows what the logic holds.
-#include "platform/qt/model_window_view.h"
+#include "gui/model_window_view.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -11,7 +11,7 @@
 #include <QTest>
 
 #include "app/model_window_fixture.h"
-#include "platform/qt/qt_forms.h"
+#include "gui/qt_forms.h"
 
 namespace tellux::testing {
 namespace {

@@ -9,11 +9,11 @@
 #include <functional>
 
 #include "app/application.h"
-#include "platform/qt/bilog_widget.h"
-#include "platform/qt/model_window_view.h"
+#include "gui/bilog_widget.h"
+#include "gui/model_window_view.h"
+#include "gui/qt_forms.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_drawing_surface.h"
-#include "platform/qt/qt_forms.h"
 
 class QComboBox;
 class QLineEdit;
