@@ -1,69 +1,98 @@
 #include "cli.h"
 
-#include <cstdlib>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 #include <filesystem>
 
-#include "core/language.h"
 #include "core/open_flow.h"
+#include "core/runtime/token_file.h"
 #include "core/sounding_file.h"
 
 namespace tellux::cli {
 
 namespace {
-void to_stderr(const std::string& text) { std::fprintf(stderr, "%s\n", text.c_str()); }
+void to_stderr(const std::string& message) { std::fprintf(stderr, "%s\n", text(message).c_str()); }
+
+// Why a file cannot be read, in the system's words; empty when it can.
+std::string unreadable_because(const std::string& path) {
+  std::error_code ec;
+  if (std::filesystem::is_directory(path, ec)) return std::strerror(EISDIR);
+  std::FILE* f = std::fopen(path.c_str(), "rb");
+  if (!f) return std::strerror(errno);
+  std::fclose(f);
+  return {};
+}
 }  // namespace
 
 Cli::Cli() : dialogs(to_stderr) {}
 
-void open_file(Cli& cli, const std::string& path) {
+Json Cli::messages() const {
+  Json list = Json::array();
+  for (const RecordedMessage& m : dialogs.messages) list.push_back(text(m.text));
+  return list;
+}
+
+void Cli::print(const Json& json) const { std::printf("%s\n", json.dump().c_str()); }
+
+void Cli::complain(const std::string& what) {
+  std::fprintf(stderr, "tellux-cli: %s\n", text(what).c_str());
+}
+
+void add_array_option(CLI::App* app, std::string& array) {
+  app->add_option("--array", array, "Electrode array of the sounding")
+      ->check(CLI::IsMember({"schlumberger", "dipole", "wenner"}))
+      ->capture_default_str();
+}
+
+void add_decade_start_option(CLI::App* app, int& decade_start) {
+  app->add_option("--decade-start", decade_start,
+                  "First decade of AB/2 on the diagram (-1: from 0.1 m); the curve starts there")
+      ->check(CLI::Range(-32768, 32767))
+      ->capture_default_str();
+}
+
+void add_sensitivity_option(CLI::App* app, double& sensitivity) {
+  app->add_option("--sensitivity", sensitivity,
+                  "Sensitivity of the automatic model: the smallest change of slope that makes a "
+                  "new layer")
+      ->capture_default_str();
+}
+
+void apply_array(SoundingState& s, const std::string& array) {
+  if (array == "dipole") {
+    s.Spread = SpreadType::Dipole;
+    s.SpreadTag = "1";
+  } else if (array == "wenner") {
+    s.Spread = SpreadType::Wenner;
+    s.SpreadTag = "2";
+  } else {
+    s.Spread = SpreadType::Schlumberger;
+    s.SpreadTag = "0";
+  }
+}
+
+bool open_file(Cli& cli, const std::string& path) {
   SoundingState& s = cli.s;
   // The program's dialogs and its recent-file list always hold full paths; a bare name would
   // also lose its first character in the open flow's cut.
   s.FilePath = path.empty() ? path : std::filesystem::absolute(path).lexically_normal().string();
   s.FileName = s.FilePath;
   open_sounding(cli.session);
-}
-
-void load_cli_settings(Cli& cli, const Args& args, Settings& settings) {
-  load_settings(cli.s, settings);
-  if (args.has("--lang")) cli.s.Language = language_from_letter(args.get("--lang"));
-}
-
-int parse_int(const std::string& text, const std::string& option) {
-  char* end = nullptr;
-  const long v = std::strtol(text.c_str(), &end, 10);
-  if (text.empty() || *end != '\0' || v < -32768 || v > 32767)
-    throw UsageError{option + " takes a whole number, not \"" + text + "\""};
-  return static_cast<int>(v);
-}
-
-double parse_double(const std::string& text, const std::string& option) {
-  char* end = nullptr;
-  const double v = std::strtod(text.c_str(), &end);
-  if (text.empty() || *end != '\0')
-    throw UsageError{option + " takes a number, not \"" + text + "\""};
-  return v;
-}
-
-void apply_array(Cli& cli, const Args& args) {
-  const std::string a = args.get("--array", "schlumberger");
-  if (a == "schlumberger") {
-    cli.s.Spread = SpreadType::Schlumberger;
-    cli.s.SpreadTag = "0";
-  } else if (a == "dipole") {
-    cli.s.Spread = SpreadType::Dipole;
-    cli.s.SpreadTag = "1";
-  } else if (a == "wenner") {
-    cli.s.Spread = SpreadType::Wenner;
-    cli.s.SpreadTag = "2";
-  } else {
-    throw UsageError{"--array takes schlumberger, dipole or wenner, not \"" + a + "\""};
+  if (const std::string reason = unreadable_because(path); !reason.empty()) {
+    Cli::complain(path + ": " + reason);
+    return false;
   }
+  return cli.status() == 0;
 }
 
-void apply_decade_start(Cli& cli, const Args& args) {
-  cli.s.DecadeStart =
-      static_cast<int16_t>(parse_int(args.get("--decade-start", "-1"), "--decade-start"));
+bool write_tx3(Cli& cli, std::string& path) {
+  cli.s.WorkMode = mode::kFile;
+  cli.session.file_failure.clear();
+  if (write_sounding_file(cli.session, path)) return true;
+  const std::string& failure = cli.session.file_failure;
+  Cli::complain("cannot write " + (failure.empty() ? path : failure));
+  return false;
 }
 
 void take_layer_count(SoundingState& s) {
@@ -76,15 +105,26 @@ void take_layer_count(SoundingState& s) {
   }
 }
 
-void field_table_json(Json& j, const SoundingState& s, int columns) {
-  j.begin_array();
-  const int rows = std::min<int>(s.FieldCount, 51);
-  for (int i = 1; i <= rows; ++i) {
-    j.begin_array();
-    for (int c = 1; c <= columns; ++c) j.number(s.FieldTable(i, c).num());
-    j.end_array();
+std::string text(const std::string& bytes) { return rt::to_utf8(bytes); }
+
+Json field_table_json(const SoundingState& s, int columns) {
+  Json rows = Json::array();
+  const int last = std::min<int>(s.FieldCount, 51);
+  for (int i = 1; i <= last; ++i) {
+    Json row = Json::array();
+    for (int c = 1; c <= columns; ++c) row.push_back(s.FieldTable(i, c).num());
+    rows.push_back(row);
   }
-  j.end_array();
+  return rows;
+}
+
+void add_layer_model(Json& j, const SoundingState& s) {
+  j["LayerCount"] = s.LayerCount;
+  Json rows = Json::array();
+  const int last = std::min<int>(s.LayerCount, 21);
+  for (int r = 1; r <= last; ++r)
+    rows.push_back({s.LayerModel(r, 1).num(), s.LayerModel(r, 2).num()});
+  j["LayerModel"] = rows;
 }
 
 }  // namespace tellux::cli

@@ -1,73 +1,83 @@
 #pragma once
-// The batch command's shared pieces: arguments, one session per run, JSON of the record.
-#include <cstdio>
-#include <map>
+// The batch command's shared pieces: one session per run, the options several commands take,
+// JSON of the record.
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 
 #include "core/session.h"
 #include "core/settings.h"
-#include "json.h"
 #include "platform/headless/scripted_dialogs.h"
 
 namespace tellux::cli {
 
-struct Args {
-  std::vector<std::string> positional;
-  std::map<std::string, std::string> options;  // "--name" -> value ("" for a flag)
-  bool has(const std::string& name) const { return options.count(name) != 0; }
-  std::string get(const std::string& name, const std::string& fallback = "") const {
-    auto it = options.find(name);
-    return it == options.end() ? fallback : it->second;
-  }
-};
+// Keys keep the order they were written in.
+using Json = nlohmann::ordered_json;
 
-// A wrong argument: the command prints the text and exits 2.
+// A wrong argument found after parsing: the command prints the text and exits 2.
 struct UsageError {
   std::string text;
 };
 
-// One run of the batch command: the record, dialogs that print to standard error, no windows.
+// One run of the batch command: the record and the settings as the settings file gives them,
+// dialogs that print to standard error and answer as the command's arguments say, no windows.
 class Cli {
  public:
   Cli();
   SoundingState s;
+  Settings settings;
   BatchDialogs dialogs;
   Forms forms;
   Session session{s, dialogs, forms};
 
-  // Exit status: 1 when the program showed an error message, else 0.
-  int status() const { return dialogs.shown() > 0 ? 1 : 0; }
-  void print(const Json& json) const { std::fputs(json.str().c_str(), stdout); }
+  // Exit status: 1 when the program showed a box with the exclamation or critical sign, else 0.
+  int status() const { return dialogs.errors() > 0 ? 1 : 0; }
+  // The texts of the boxes shown so far, in order.
+  Json messages() const;
+  void print(const Json& json) const;
+  // A file the command could not read or write: "tellux-cli: PATH: reason" on standard error.
+  static void complain(const std::string& what);
 };
 
-// Reads FILE as the program does when it opens a sounding by name.
-void open_file(Cli& cli, const std::string& path);
-// Reads the settings file; "--lang" overrides its language for this call.
-void load_cli_settings(Cli& cli, const Args& args, Settings& settings);
-// Applies "--array schlumberger|dipole|wenner" and "--decade-start N".
-void apply_array(Cli& cli, const Args& args);
-void apply_decade_start(Cli& cli, const Args& args);
+// One subcommand: its parser, and what runs once the arguments are parsed.
+struct Command {
+  CLI::App* app;
+  std::function<int(Cli&)> run;
+};
+
+// Each command adds itself to the root parser.
+Command open_command(CLI::App& root);
+Command settings_command(CLI::App& root);
+Command forward_command(CLI::App& root);
+Command write_command(CLI::App& root);
+Command plot_command(CLI::App& root);
+Command automodel_command(CLI::App& root);
+Command fit_command(CLI::App& root);
+Command compute_command(CLI::App& root);
+
+// Options several commands take; each adds the option and its help, with its default.
+void add_array_option(CLI::App* app, std::string& array);
+void add_decade_start_option(CLI::App* app, int& decade_start);
+void add_sensitivity_option(CLI::App* app, double& sensitivity);
+// The spread chosen by "--array schlumberger|dipole|wenner", as the array buttons set it.
+void apply_array(SoundingState& s, const std::string& array);
+
+// Reads FILE as the program does when it opens a sounding by name. False, with the reason on
+// standard error after the program's own message, when the file could not be read.
+bool open_file(Cli& cli, const std::string& path);
+// Writes the record as a TX3 file in batch mode (no question). False, with the path and the
+// system's reason on standard error after the program's own message, when it could not.
+bool write_tx3(Cli& cli, std::string& path);
 // The first layer row without a thickness is the half space; rows after it are left out.
 void take_layer_count(SoundingState& s);
-int parse_int(const std::string& text, const std::string& option);
-double parse_double(const std::string& text, const std::string& option);
 
-// JSON pieces shared by the commands.
-void field_table_json(Json& j, const SoundingState& s, int columns);
-// "LayerCount" and "LayerModel": rows 1..LayerCount as [resistivity, thickness].
-void layer_model_json(Json& j, const SoundingState& s);
-// Applies "--sensitivity S" (default 0.3) to ModelSensitivity.
-void apply_sensitivity(Cli& cli, const Args& args);
-
-using Command = int (*)(Cli&, const Args&);
-int cmd_open(Cli& cli, const Args& args);
-int cmd_settings(Cli& cli, const Args& args);
-int cmd_forward(Cli& cli, const Args& args);
-int cmd_write(Cli& cli, const Args& args);
-int cmd_plot(Cli& cli, const Args& args);
-int cmd_automodel(Cli& cli, const Args& args);
-int cmd_fit(Cli& cli, const Args& args);
-int cmd_compute(Cli& cli, const Args& args);
+// Text for the JSON output: valid UTF-8 as it is, anything else read as Windows-1252.
+std::string text(const std::string& bytes);
+// Rows 1..FieldCount of FieldTable, columns 1..`columns`.
+Json field_table_json(const SoundingState& s, int columns);
+// Adds "LayerCount" and "LayerModel": rows 1..LayerCount as [resistivity, thickness].
+void add_layer_model(Json& j, const SoundingState& s);
 
 }  // namespace tellux::cli

@@ -1,59 +1,62 @@
 #include "cli.h"
-#include "core/sounding_file.h"
 #include "model/automatic_model.h"
 #include "model/fit.h"
 #include "model/forward.h"
 
 namespace tellux::cli {
 
-namespace {
+Command fit_command(CLI::App& root) {
+  auto* app = root.add_subcommand(
+      "fit",
+      "Fit the file's model to its field points (the automatic model first when the file has "
+      "none) and print the fitted model");
+  struct Options {
+    std::string file, array = "schlumberger", out;
+    int decade_start = -1, thickness_decimals = 0;
+    double sensitivity = 0.3;
+  };
+  auto o = std::make_shared<Options>();
+  app->add_option("FILE", o->file, "The sounding file")->required();
+  add_array_option(app, o->array);
+  add_decade_start_option(app, o->decade_start);
+  app->add_option("--thickness-decimals", o->thickness_decimals,
+                  "Decimals the fitted thicknesses are rounded to")
+      ->check(CLI::IsMember({0, 1, 2}))
+      ->capture_default_str();
+  add_sensitivity_option(app, o->sensitivity);
+  app->add_option("--out", o->out, "Write the sounding with the fitted model to this TX3 file");
+  return {app, [o](Cli& cli) {
+            SoundingState& s = cli.s;
+            apply_array(s, o->array);
+            s.DecadeStart = static_cast<int16_t>(o->decade_start);
+            s.ThicknessDecimals = static_cast<int16_t>(o->thickness_decimals);
+            if (!open_file(cli, o->file)) return 1;
+            s.ModelSensitivity = o->sensitivity;  // after the read, which sets its own
+            if (!(s.LayerModel(1, 1).num() > 0)) {
+              AutomaticModel(cli.session);
+              if (cli.status() != 0) return cli.status();
+            }
+            take_layer_count(s);
+            s.SuperposeCurve = -1;
+            s.FitMisfit = int16_t{0};
+            ForwardCurve(cli.session);
+            FitModel(cli.session);
+            Cell misfit;
+            FieldMisfit(s, misfit);
 
-void apply_thickness_decimals(Cli& cli, const Args& args) {
-  const int d = parse_int(args.get("--thickness-decimals", "0"), "--thickness-decimals");
-  if (d < 0 || d > 2) throw UsageError{"--thickness-decimals takes 0, 1 or 2"};
-  cli.s.ThicknessDecimals = static_cast<int16_t>(d);
-}
-
-}  // namespace
-
-int cmd_fit(Cli& cli, const Args& args) {
-  if (args.positional.size() != 1)
-    throw UsageError{
-        "usage: tellux-cli fit FILE [--array A] [--decade-start N] [--thickness-decimals D] "
-        "[--sensitivity S] [--out OUT]"};
-  apply_array(cli, args);
-  apply_decade_start(cli, args);
-  apply_thickness_decimals(cli, args);
-  open_file(cli, args.positional[0]);
-  if (cli.status() != 0) return cli.status();
-  apply_sensitivity(cli, args);  // after the read, which sets its own
-  SoundingState& s = cli.s;
-  if (!(s.LayerModel(1, 1).num() > 0)) {
-    AutomaticModel(cli.session);
-    if (cli.status() != 0) return cli.status();
-  }
-  take_layer_count(s);
-  s.SuperposeCurve = -1;
-  s.FitMisfit = int16_t{0};
-  ForwardCurve(cli.session);
-  FitModel(cli.session);
-  Cell misfit;
-  FieldMisfit(s, misfit);
-
-  Json j;
-  j.begin_object();
-  layer_model_json(j, s);
-  j.key("FitMisfit").number(misfit.num());
-  j.key("ForwardCalls").integer(cli.session.forward_runs);
-  j.end_object();
-  bool written = true;
-  if (args.has("--out")) {
-    s.WorkMode = mode::kFile;
-    std::string out = args.get("--out");
-    written = write_sounding_file(cli.session, out);
-  }
-  cli.print(j);
-  return written ? cli.status() : 1;
+            Json j;
+            add_layer_model(j, s);
+            j["FitMisfit"] = misfit.num();
+            j["ForwardCalls"] = cli.session.forward_runs;
+            bool written = true;
+            if (!o->out.empty()) {
+              std::string path = o->out;
+              written = write_tx3(cli, path);
+            }
+            j["Messages"] = cli.messages();
+            cli.print(j);
+            return written ? cli.status() : 1;
+          }};
 }
 
 }  // namespace tellux::cli

@@ -2,48 +2,44 @@
 
 namespace tellux::cli {
 
-int cmd_open(Cli& cli, const Args& args) {
-  if (args.positional.size() != 1) throw UsageError{"usage: tellux-cli open FILE"};
-  // The recent files live in the settings file: an open enters its path there, as the program
-  // does, so that it is listed by the next call.
-  Settings settings;
-  load_cli_settings(cli, args, settings);
-  open_file(cli, args.positional[0]);
-  save_settings(cli.s, settings);
-  const SoundingState& s = cli.s;
-  Json j;
-  j.begin_object();
-  j.key("FileName").text(s.FileName);
-  j.key("FilePath").text(s.FilePath);
-  j.key("FileDir").text(s.FileDir);
-  j.key("FormatLevel").integer(s.FormatLevel);
-  j.key("ResistScale").integer(s.ResistScale);
-  j.key("FieldCount").integer(s.FieldCount);
-  j.key("MaxAbHalf").integer(s.MaxAbHalf);
-  j.key("HalfArray").integer(s.HalfArray);
-  j.key("ShiftCurves").integer(s.ShiftCurves);
-  j.key("FieldTable");
-  field_table_json(j, s, 7);
-  j.key("LayerModel").begin_array();
-  for (int r = 1; r <= 20; ++r) {
-    j.begin_array();
-    for (int c = 1; c <= 3; ++c) j.number(s.LayerModel(r, c).num());
-    j.end_array();
-  }
-  j.end_array();
-  j.key("CommentText").text(s.CommentText);
-  j.key("DataOrigin").text(s.DataOrigin);
-  j.key("GraphTitle").text(s.GraphTitle);
-  j.key("LocationX").text(s.LocationX);
-  j.key("LocationY").text(s.LocationY);
-  j.key("LocationZ").text(s.LocationZ);
-  j.key("LocationAzimuth").text(s.LocationAzimuth);
-  j.key("RecentFiles").begin_array();
-  for (int n = 1; n <= 5; ++n) j.text(s.RecentFiles[static_cast<size_t>(n)]);
-  j.end_array();
-  j.end_object();
-  cli.print(j);
-  return cli.status();
+Command open_command(CLI::App& root) {
+  auto* app = root.add_subcommand(
+      "open", "Read a sounding file (TX3, TXW, TXE, SEV, BAK) and print its record");
+  auto file = std::make_shared<std::string>();
+  app->add_option("FILE", *file, "The sounding file")->required();
+  return {app, [file](Cli& cli) {
+            if (!open_file(cli, *file)) return 1;
+            const SoundingState& s = cli.s;
+            Json j;
+            j["FileName"] = text(s.FileName);
+            j["FilePath"] = text(s.FilePath);
+            j["FileDir"] = text(s.FileDir);
+            j["FormatLevel"] = s.FormatLevel;
+            j["ResistScale"] = s.ResistScale;
+            j["FieldCount"] = s.FieldCount;
+            j["MaxAbHalf"] = s.MaxAbHalf;
+            j["HalfArray"] = s.HalfArray;
+            j["ShiftCurves"] = s.ShiftCurves;
+            j["FieldTable"] = field_table_json(s, 7);
+            Json layers = Json::array();
+            for (int r = 1; r <= 20; ++r)
+              layers.push_back(
+                  {s.LayerModel(r, 1).num(), s.LayerModel(r, 2).num(), s.LayerModel(r, 3).num()});
+            j["LayerModel"] = layers;
+            j["CommentText"] = text(s.CommentText);
+            j["DataOrigin"] = text(s.DataOrigin);
+            j["GraphTitle"] = text(s.GraphTitle);
+            j["LocationX"] = text(s.LocationX);
+            j["LocationY"] = text(s.LocationY);
+            j["LocationZ"] = text(s.LocationZ);
+            j["LocationAzimuth"] = text(s.LocationAzimuth);
+            Json recent = Json::array();
+            for (int n = 1; n <= 5; ++n) recent.push_back(text(s.RecentFiles[size_t(n)]));
+            j["RecentFiles"] = recent;
+            j["Messages"] = cli.messages();
+            cli.print(j);
+            return cli.status();
+          }};
 }
 
 }  // namespace tellux::cli

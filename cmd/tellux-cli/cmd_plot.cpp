@@ -1,6 +1,5 @@
 // tellux-cli plot: the bilog diagram of a sounding as the Bilog tab shows it after a compute of
 // its model, written as a picture (PNG, SVG) and as the list of drawing operations.
-#include <QGuiApplication>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPainter>
@@ -8,9 +7,12 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
+#include <stdexcept>
 
 #include "cli.h"
 #include "model/forward.h"
+#include "pictures.h"
 #include "platform/headless/recording_surface.h"
 #include "platform/qt/qt_drawing_surface.h"
 #include "platform/tee_surface.h"
@@ -25,30 +27,6 @@ struct Size {
   int width = 1000;
   int height = 620;
 };
-
-Size parse_size(const std::string& text) {
-  const size_t x = text.find('x');
-  if (x == std::string::npos) throw UsageError{"--size takes WxH, not \"" + text + "\""};
-  Size size;
-  size.width = parse_int(text.substr(0, x), "--size");
-  size.height = parse_int(text.substr(x + 1), "--size");
-  if (size.width < 16 || size.height < 16 || size.width > 20000 || size.height > 20000)
-    throw UsageError{"--size takes a width and a height from 16 to 20000 pixels"};
-  return size;
-}
-
-// Fonts and pictures need the GUI application object; with no display, its offscreen platform.
-void use_offscreen_without_display() {
-  if (!std::getenv("DISPLAY") && !std::getenv("WAYLAND_DISPLAY"))
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
-}
-
-// Standard error carries the program's messages: the toolkit's notes about its environment are
-// left out, its critical messages kept.
-void toolkit_messages(QtMsgType type, const QMessageLogContext&, const QString& text) {
-  if (type == QtCriticalMsg || type == QtFatalMsg)
-    std::fprintf(stderr, "tellux-cli: %s\n", text.toLocal8Bit().constData());
-}
 
 // The diagram on an A4 landscape page, as vectors: the picture's operations are painted again
 // on the PDF, scaled to the page inside margins of 15 mm. The writer works at the picture's own
@@ -72,30 +50,36 @@ bool write_pdf(const QtDrawingSurface& picture, const QString& path, const QStri
   return p.end();
 }
 
-}  // namespace
+struct PlotOptions {
+  std::string file, array = "schlumberger", png, svg, pdf, ops, size = "1000x620";
+  bool steps = false, errors = false;
+};
 
-int cmd_plot(Cli& cli, const Args& args) {
-  if (args.positional.size() != 1)
-    throw UsageError{
-        "usage: tellux-cli plot FILE [--array A] [--png OUT] [--svg OUT] [--pdf OUT] [--ops OUT] "
-        "[--size WxH] [--steps] [--errors]"};
-  apply_array(cli, args);
-  const Size size = args.has("--size") ? parse_size(args.get("--size")) : Size{};
+Size parse_size(const std::string& text) {
+  const size_t x = text.find('x');
+  Size size;
+  try {
+    if (x == std::string::npos) throw std::invalid_argument(text);
+    size.width = std::stoi(text.substr(0, x));
+    size.height = std::stoi(text.substr(x + 1));
+  } catch (const std::exception&) {
+    throw UsageError{"--size takes WxH, not \"" + text + "\""};
+  }
+  if (size.width < 16 || size.height < 16 || size.width > 20000 || size.height > 20000)
+    throw UsageError{"--size takes a width and a height from 16 to 20000 pixels"};
+  return size;
+}
 
-  use_offscreen_without_display();
-  qInstallMessageHandler(toolkit_messages);
-  int argc = 1;
-  char name[] = "tellux-cli";
-  char* argv[] = {name, nullptr};
-  QGuiApplication app(argc, argv);
-
-  open_file(cli, args.positional[0]);
-  if (cli.status() != 0) return cli.status();
+int draw(Cli& cli, const PlotOptions& o) {
+  const Size size = parse_size(o.size);
   SoundingState& s = cli.s;
+  apply_array(s, o.array);
+  PictureToolkit toolkit;
+  if (!open_file(cli, o.file)) return 1;
   take_layer_count(s);
   s.SuperposeCurve = -1;
-  s.ShowModelSteps = args.has("--steps") ? 1 : 0;
-  s.ShowErrorCurve = args.has("--errors") ? 1 : 0;
+  s.ShowModelSteps = o.steps ? 1 : 0;
+  s.ShowErrorCurve = o.errors ? 1 : 0;
 
   QtDrawingSurface picture(size.width, size.height);
   RecordingSurface record(size.height);
@@ -115,32 +99,52 @@ int cmd_plot(Cli& cli, const Args& args) {
   s.WorkMode = "";
 
   Json j;
-  j.begin_object();
-  j.key("Width").integer(size.width).key("Height").integer(size.height);
-  j.key("MarkHalfSize").number(s.MarkHalfSize);
-  j.key("ModelCurveLast").integer(has_model ? s.ModelCurveLast : -1);
-  j.key("Operations").integer(static_cast<long>(record.ops.size()));
+  j["Width"] = size.width;
+  j["Height"] = size.height;
+  j["MarkHalfSize"] = s.MarkHalfSize;
+  j["ModelCurveLast"] = has_model ? s.ModelCurveLast : -1;
+  j["Operations"] = record.ops.size();
   bool written = true;
-  const auto output = [&](const char* option, const char* key, auto&& write) {
-    if (!args.has(option)) return;
-    const std::string path = args.get(option);
+  const auto output = [&](const std::string& path, const char* key, auto&& write) {
+    if (path.empty()) return;
     const bool ok = write(path);
-    if (!ok) std::fprintf(stderr, "tellux-cli: cannot write %s\n", path.c_str());
+    if (!ok) Cli::complain("cannot write " + path);
     written = written && ok;
-    j.key(key).text(path);
+    j[key] = text(path);
   };
-  output("--png", "Png",
+  output(o.png, "Png",
          [&](const std::string& p) { return picture.save_png(QString::fromStdString(p)); });
-  output("--svg", "Svg", [&](const std::string& p) {
+  output(o.svg, "Svg", [&](const std::string& p) {
     return picture.save_svg(QString::fromStdString(p), QString::fromStdString(s.FileName));
   });
-  output("--pdf", "Pdf", [&](const std::string& p) {
+  output(o.pdf, "Pdf", [&](const std::string& p) {
     return write_pdf(picture, QString::fromStdString(p), QString::fromStdString(s.FileName));
   });
-  output("--ops", "Ops", [&](const std::string& p) { return record.save(p); });
-  j.end_object();
+  output(o.ops, "Ops", [&](const std::string& p) { return record.save(p); });
+  j["Messages"] = cli.messages();
   cli.print(j);
   return written ? cli.status() : 1;
+}
+
+}  // namespace
+
+Command plot_command(CLI::App& root) {
+  auto* app = root.add_subcommand(
+      "plot",
+      "Draw the bilog diagram of a sounding as the Bilog tab shows it after a compute of its "
+      "model");
+  auto o = std::make_shared<PlotOptions>();
+  app->add_option("FILE", o->file, "The sounding file")->required();
+  add_array_option(app, o->array);
+  app->add_option("--png", o->png, "Write the picture as PNG");
+  app->add_option("--svg", o->svg, "Write the picture as SVG");
+  app->add_option("--pdf", o->pdf, "Write the picture on an A4 landscape PDF page");
+  app->add_option("--ops", o->ops, "Write the drawing operations, one a line");
+  app->add_option("--size", o->size, "Size of the picture in pixels, WxH (16 to 20000 each)")
+      ->capture_default_str();
+  app->add_flag("--steps", o->steps, "Draw the model's staircase");
+  app->add_flag("--errors", o->errors, "Draw the error curve");
+  return {app, [o](Cli& cli) { return draw(cli, *o); }};
 }
 
 }  // namespace tellux::cli

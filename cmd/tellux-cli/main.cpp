@@ -1,96 +1,82 @@
 // tellux-cli: the program's logic from the command line, for scripts and many files at once.
 // JSON on standard output, messages on standard error; exit 0 on success, 1 when the program
 // showed an error message, 2 on bad arguments.
+#include <clocale>
 #include <cstdio>
-#include <cstring>
-#include <set>
 
 #include "cli.h"
+#include "core/language.h"
 
 namespace {
 
-using namespace tellux::cli;
+constexpr const char* kAbout =
+    "Tellux 6.4 batch command: the program's logic without windows.\n"
+    "Prints JSON on standard output and the program's messages on standard error.\n"
+    "Exit status: 0 success, 1 the program showed an error message (a box with the exclamation\n"
+    "or critical sign), 2 bad arguments.\n"
+    "Reads the settings file ($TELLUX_INI, else ~/.config/Tellux/Tellux6.ini) and never writes "
+    "it.";
 
-struct Entry {
-  const char* name;
-  Command run;
-  const char* usage;
-};
+constexpr const char* kLanguageHelp =
+    "Language of the messages: E English, F French, S Spanish, A German. The program has German "
+    "texts only on the report page; elsewhere German shows the English texts. Default: the "
+    "settings file's.";
 
-const Entry kCommands[] = {
-    {"open", cmd_open, "open FILE"},
-    {"settings", cmd_settings, "settings"},
-    {"forward", cmd_forward,
-     "forward FILE [--array schlumberger|dipole|wenner] [--decade-start N]"},
-    {"write", cmd_write, "write FILE OUT"},
-    {"compute", cmd_compute,
-     "compute FILE [--array schlumberger|dipole|wenner] [--shift 0|1] [--half-array 1|2] "
-     "[--marine W]"},
-    {"automodel", cmd_automodel,
-     "automodel FILE [--array schlumberger|dipole|wenner] [--sensitivity S]"},
-    {"fit", cmd_fit,
-     "fit FILE [--array schlumberger|dipole|wenner] [--decade-start N] "
-     "[--thickness-decimals 0|1|2] [--sensitivity S] [--out OUT]"},
-    {"plot", cmd_plot,
-     "plot FILE [--array schlumberger|dipole|wenner] [--png OUT] [--svg OUT] [--pdf OUT] [--ops "
-     "OUT] "
-     "[--size WxH] [--steps] [--errors]"},
-};
-
-// Options that take no value.
-const std::set<std::string> kFlags = {"--steps", "--errors"};
-
-int usage() {
-  std::fprintf(stderr, "usage: tellux-cli [--lang E|F|S|A] COMMAND ...\ncommands:\n");
-  for (const auto& e : kCommands) std::fprintf(stderr, "  %s\n", e.usage);
-  return 2;
-}
-
-void set_language(tellux::SoundingState& s, const std::string& letter) {
-  s.Language = {};
-  s.Language.English = false;
-  if (letter == "F")
-    s.Language.French = true;
-  else if (letter == "S")
-    s.Language.Spanish = true;
-  else if (letter == "A")
-    s.Language.German = true;
-  else if (letter == "E")
-    s.Language.English = true;
-  else
-    throw UsageError{"--lang takes E, F, S or A"};
+// The first word that is not an option names the command; CLI11 alone would only say that a
+// command is missing.
+const char* unknown_command(const CLI::App& root, int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    const std::string word = argv[i];
+    if (word == "--lang") {
+      ++i;
+      continue;
+    }
+    if (word.empty() || word[0] == '-') continue;
+    for (const CLI::App* sub : root.get_subcommands({}))
+      if (sub->get_name() == word) return nullptr;
+    return argv[i];
+  }
+  return nullptr;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  Args args;
-  std::string command;
-  try {
-    for (int i = 1; i < argc; ++i) {
-      const std::string a = argv[i];
-      if (a.rfind("--", 0) == 0) {
-        if (kFlags.count(a)) {
-          args.options[a] = "";
-        } else {
-          if (i + 1 >= argc) throw UsageError{a + " needs a value"};
-          args.options[a] = argv[++i];
-        }
-      } else if (command.empty()) {
-        command = a;
-      } else {
-        args.positional.push_back(a);
-      }
-    }
-    for (const auto& e : kCommands) {
-      if (command != e.name) continue;
-      Cli cli;
-      if (args.has("--lang")) set_language(cli.s, args.get("--lang"));
-      return e.run(cli, args);
-    }
-  } catch (const UsageError& e) {
-    std::fprintf(stderr, "tellux-cli: %s\n", e.text.c_str());
+  using namespace tellux::cli;
+  std::setlocale(LC_NUMERIC, "C");
+  CLI::App root{kAbout, "tellux-cli"};
+  root.set_version_flag("--version", "tellux-cli 6.4");
+  root.require_subcommand(1);
+  root.fallthrough();  // --lang may stand after the command too
+  std::string lang;
+  root.add_option("--lang", lang, kLanguageHelp)->check(CLI::IsMember({"E", "F", "S", "A"}));
+
+  const std::vector<Command> commands = {
+      open_command(root),    settings_command(root),  forward_command(root), write_command(root),
+      compute_command(root), automodel_command(root), fit_command(root),     plot_command(root),
+  };
+  if (const char* word = unknown_command(root, argc, argv)) {
+    std::fprintf(stderr,
+                 "tellux-cli: unknown command \"%s\"\nRun with --help for more information.\n",
+                 word);
     return 2;
   }
-  return usage();
+  try {
+    root.parse(argc, argv);
+  } catch (const CLI::ParseError& e) {
+    return root.exit(e) == 0 ? 0 : 2;
+  }
+  for (const Command& command : commands) {
+    if (!command.app->parsed()) continue;
+    Cli cli;
+    load_settings(cli.s, cli.settings);
+    if (!lang.empty()) cli.s.Language = tellux::language_from_letter(lang);
+    try {
+      return command.run(cli);
+    } catch (const UsageError& e) {
+      Cli::complain(e.text);
+      return 2;
+    }
+  }
+  return 2;
 }

@@ -1,9 +1,12 @@
-// tellux: the desktop program. It reads no command line: everything starts from the main window
-// and its start window.
+// tellux: the desktop program. Apart from --help and --version it reads no command line:
+// everything starts from the main window and its start window.
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <clocale>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
 
 #include "app/application.h"
 #include "gui/main_window.h"
@@ -22,9 +25,41 @@ void find_data_beside_program() {
   if (QFileInfo(beside).isDir()) qputenv("TELLUX_DATA_DIR", QDir::cleanPath(beside).toLocal8Bit());
 }
 
+// --help and --version answer without a window. Returns the exit status, or -1 to go on.
+int answer_command_line(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    if (std::strcmp(argv[i], "--version") == 0) {
+      std::printf("Tellux 6.4\n");
+      return 0;
+    }
+    if (std::strcmp(argv[i], "--help") == 0 || std::strcmp(argv[i], "-h") == 0) {
+      std::printf(
+          "Usage: tellux [--help] [--version]\n"
+          "Tellux 6.4: interpretation of vertical electrical soundings. The program opens its\n"
+          "window and start window; use tellux-cli for batch work without a display.\n");
+      return 0;
+    }
+  }
+  return -1;
+}
+
+// The windowing platform: a display, or a platform named by QT_QPA_PLATFORM (offscreen in tests).
+bool has_display() {
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+    if (const char* v = std::getenv(name); v && *v) return true;
+  return false;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (const int status = answer_command_line(argc, argv); status >= 0) return status;
+  if (!has_display()) {
+    std::fprintf(stderr,
+                 "tellux: no display to open a window on (DISPLAY is not set); "
+                 "tellux-cli does the program's work without one.\n");
+    return 1;
+  }
   QApplication qt(argc, argv);
   // The toolkit hands the user's locale to the C library; the program's number text and its files
   // keep the point whatever the locale says.

@@ -14,6 +14,9 @@ struct Session {
   Forms& forms;
   CurveObserver* curve = nullptr;  // none: the calculation draws nothing
   long forward_runs = 0;           // runs of ForwardCurve, for batch reports and benchmarks
+  // "PATH: reason" of the last file that could not be written, in the system's words: the message
+  // boxes say that a write failed, batch work also says why.
+  std::string file_failure{};
 
   // A message box with the program's title.
   void tell(const std::string& text, Icon icon = Icon::Exclamation) {

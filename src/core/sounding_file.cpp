@@ -285,6 +285,7 @@ bool write_sounding_file(Session& session, std::string& path) {
       s.ShiftCurvesSaved = s.ShiftCurves;
       rt::write_file_atomically(path, tx3_text(s));
     } catch (const rt::RuntimeError& e) {
+      session.file_failure = path + ": " + e.reason();
       session.tell(write_error_text(session, e.number()));
       failed_before = true;
       continue;

@@ -23,13 +23,18 @@ enum ErrorNumber : int {
 
 class RuntimeError : public std::runtime_error {
  public:
-  explicit RuntimeError(int number);
+  explicit RuntimeError(int number, std::string reason = {});
   int number() const { return number_; }
+  // The system's own words for a failed file operation ("Permission denied"); empty otherwise.
+  const std::string& reason() const { return reason_; }
 
  private:
   int number_;
+  std::string reason_;
 };
 
 [[noreturn]] void raise(int number);
+// A file error with the system's reason for it.
+[[noreturn]] void raise(int number, std::string reason);
 
 }  // namespace tellux::rt

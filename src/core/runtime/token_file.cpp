@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -129,37 +130,38 @@ void TokenWriter::print_line(std::string_view s) {
 namespace {
 
 [[noreturn]] void raise_for_errno(int err) {
+  std::string reason = std::strerror(err);
   switch (err) {
     case ENOENT:
     case ENOTDIR:
-      raise(kPathNotFound);
+      raise(kPathNotFound, reason);
     case EACCES:
     case EPERM:
     case EROFS:
-      raise(kPermissionDenied);
+      raise(kPermissionDenied, reason);
     case ENOSPC:
     case EDQUOT:
-      raise(kDiskFull);
+      raise(kDiskFull, reason);
     default:
-      raise(57);
+      raise(57, reason);
   }
 }
 
 }  // namespace
 
 void write_file_atomically(const std::string& path, std::string_view content) {
-  if (path.empty()) raise(kPathNotFound);
+  if (path.empty()) raise(kPathNotFound, std::strerror(ENOENT));
   const fs::path target(path);
   std::error_code ec;
-  if (fs::is_directory(target, ec)) raise(kPathFileAccess);
+  if (fs::is_directory(target, ec)) raise(kPathFileAccess, std::strerror(EISDIR));
   // A write-protected file stays protected: replacing it by a rename would bypass that. A file
   // nobody may write counts as read-only even for the super-user.
   struct stat existing {};
   if (::stat(path.c_str(), &existing) == 0 &&
       ((existing.st_mode & 0222) == 0 || ::access(path.c_str(), W_OK) != 0))
-    raise(kPathFileAccess);
+    raise(kPathFileAccess, "the file is write-protected");
   const fs::path dir = target.has_parent_path() ? target.parent_path() : fs::path(".");
-  if (!fs::is_directory(dir, ec)) raise(kPathNotFound);
+  if (!fs::is_directory(dir, ec)) raise(kPathNotFound, std::strerror(ENOENT));
 
   std::string temp = (dir / ("." + target.filename().string() + ".XXXXXX")).string();
   const int fd = ::mkstemp(temp.data());

@@ -52,10 +52,23 @@ std::vector<std::string> ScriptedDialogs::texts() const {
   return out;
 }
 
-Answer BatchDialogs::message(const std::string& text, Buttons buttons, Icon, const std::string&) {
-  ++shown_;
+Answer BatchDialogs::message(const std::string& text, Buttons buttons, Icon icon,
+                             const std::string& title) {
   if (sink_) sink_(text);
-  return buttons == Buttons::Ok || buttons == Buttons::OkCancel ? Answer::Ok : Answer::Yes;
+  return ScriptedDialogs::message(text, buttons, icon, title);
+}
+
+std::optional<std::string> BatchDialogs::input(const std::string& prompt, const std::string& title,
+                                               const std::string& initial) {
+  if (inputs.empty()) return initial;
+  return ScriptedDialogs::input(prompt, title, initial);
+}
+
+int BatchDialogs::errors() const {
+  int n = 0;
+  for (const RecordedMessage& m : messages)
+    if (m.icon == Icon::Exclamation || m.icon == Icon::Critical) ++n;
+  return n;
 }
 
 }  // namespace tellux

@@ -41,27 +41,23 @@ class ScriptedDialogs : public Dialogs {
   std::vector<std::string> texts() const;
 };
 
-// Dialogs for batch work: messages go to a sink (standard error in the command-line tool),
-// questions are answered Yes, file dialogs are cancelled.
-class BatchDialogs : public Dialogs {
+// Dialogs for batch work: answered as scripted (questions Yes, file dialogs cancelled unless a
+// choice is queued), except that an input box with no queued answer keeps its proposed text, as a
+// user pressing Enter would. Every message also goes to a sink (standard error in the batch
+// command).
+class BatchDialogs : public ScriptedDialogs {
  public:
   using Sink = void (*)(const std::string&);
   explicit BatchDialogs(Sink sink) : sink_(sink) {}
-  Answer message(const std::string& text, Buttons buttons, Icon, const std::string&) override;
-  std::optional<std::vector<std::string>> open_files(const FileDialogRequest&) override {
-    return std::nullopt;
-  }
-  std::optional<std::string> save_file(const FileDialogRequest&) override { return std::nullopt; }
-  std::optional<std::string> input(const std::string&, const std::string&,
-                                   const std::string&) override {
-    return std::nullopt;
-  }
-  std::optional<int> colour(const std::string&, int) override { return std::nullopt; }
-  int shown() const { return shown_; }
+  Answer message(const std::string& text, Buttons buttons, Icon icon,
+                 const std::string& title) override;
+  std::optional<std::string> input(const std::string& prompt, const std::string& title,
+                                   const std::string& initial) override;
+  // Messages with the exclamation or critical sign: those that make a batch command fail.
+  int errors() const;
 
  private:
   Sink sink_;
-  int shown_ = 0;
 };
 
 }  // namespace tellux

@@ -1,0 +1,139 @@
+// The batch command and the desktop program as a script runs them: arguments, exit status,
+// standard output and standard error.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <string>
+
+#include "core/session.h"
+#include "core/sounding_file.h"
+#include "platform/headless/scripted_dialogs.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Outcome {
+  int status;
+  std::string out, err;
+};
+
+std::string slurp(const fs::path& p) {
+  std::ifstream in(p, std::ios::binary);
+  std::stringstream ss;
+  ss << in.rdbuf();
+  return ss.str();
+}
+
+// One folder per process: CTest runs the cases side by side.
+const fs::path kTmp = fs::temp_directory_path() / ("tellux-cli-test-" + std::to_string(::getpid()));
+const std::string kSample = TELLUX_SOURCE_DIR "/samples/three_layers.TX3";
+
+// Runs a command line through the shell with a settings file of its own.
+Outcome run(const std::string& args, const std::string& env = "") {
+  fs::create_directories(kTmp);
+  const fs::path out = kTmp / "out", err = kTmp / "err";
+  const std::string line = "TELLUX_INI=" + (kTmp / "Tellux6.ini").string() + " " + env + " " +
+                           args + " >" + out.string() + " 2>" + err.string();
+  const int raw = std::system(line.c_str());
+  return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, slurp(out), slurp(err)};
+}
+
+Outcome cli(const std::string& args) { return run(std::string(TELLUX_CLI) + " " + args); }
+
+TEST(BatchCommand, ArgumentsStatusAndStreams) {
+  const fs::path missing = kTmp / "missing.TX3";
+  struct Case {
+    std::string args;
+    int status;
+    std::string in_out, in_err;
+  } cases[] = {
+      {"--help", 0, "compute", ""},
+      {"fit --help", 0, "--thickness-decimals", ""},
+      {"--version", 0, "6.4", ""},
+      {"bogus", 2, "", "unknown command \"bogus\""},
+      {"open --frob x", 2, "", "--frob"},
+      {"forward " + kSample + " --array tripole", 2, "", "tripole"},
+      // The program's own message, then the file and the system's reason; no record.
+      {"open " + missing.string(), 1, "",
+       "Reading File Error...\ntellux-cli: " + missing.string() + ": No such file or directory"},
+      {"--lang F open " + missing.string(), 1, "", "Erreur"},
+      {"write " + kSample + " /no/such/folder/x.TX3", 1, "",
+       "cannot write /no/such/folder/x.TX3: No such file or directory"},
+  };
+  for (const Case& c : cases) {
+    const Outcome r = cli(c.args);
+    EXPECT_EQ(r.status, c.status) << c.args << "\n" << r.err;
+    EXPECT_NE(r.out.find(c.in_out), std::string::npos) << c.args << "\n" << r.out;
+    EXPECT_NE(r.err.find(c.in_err), std::string::npos) << c.args << "\n" << r.err;
+    if (c.args.find("open ") != std::string::npos || c.status == 2) {
+      EXPECT_EQ(r.out, "") << c.args;
+    }
+  }
+}
+
+TEST(BatchCommand, EveryCommandIsInTheUsageAndTheReadme) {
+  const std::string usage = cli("--help").out;
+  const std::string readme = slurp(TELLUX_SOURCE_DIR "/README.md");
+  const std::string commands = usage.substr(usage.find("Subcommands:"));
+  std::istringstream lines(commands);
+  std::string line;
+  int seen = 0;
+  while (std::getline(lines, line)) {
+    if (line.rfind("  ", 0) != 0 || line[2] == ' ') continue;
+    const std::string name = line.substr(2, line.find(' ', 2) - 2);
+    EXPECT_NE(readme.find("tellux-cli " + name), std::string::npos) << name;
+    ++seen;
+  }
+  EXPECT_GE(seen, 8);
+}
+
+// Batch work reads the settings file and leaves it as it was; numbers keep their exact values;
+// text that is not UTF-8 leaves as UTF-8.
+TEST(BatchCommand, LeavesSettingsAloneAndKeepsValuesExact) {
+  fs::create_directories(kTmp);
+  const fs::path ini = kTmp / "Tellux6.ini";
+  fs::remove(ini);
+  const fs::path copy = kTmp / "latin1.TX3";
+  std::string bytes = slurp(kSample);
+  bytes.replace(bytes.find("Synthetic"), 9, "Sondage \xE9lectrique");
+  std::ofstream(copy, std::ios::binary) << bytes;
+
+  const Outcome r = cli("open " + copy.string());
+  ASSERT_EQ(r.status, 0) << r.err;
+  EXPECT_FALSE(fs::exists(ini));
+  const auto j = nlohmann::json::parse(r.out);
+  EXPECT_EQ(j["CommentText"], "Sondage \xC3\xA9lectrique sounding made from a known model");
+
+  tellux::SoundingState s;
+  tellux::ScriptedDialogs dialogs;
+  tellux::Forms forms;
+  tellux::Session session{s, dialogs, forms};
+  std::string path = copy.string();
+  s.FileName = path;
+  s.FormatLevel = 3;
+  ASSERT_TRUE(tellux::read_sounding_file(session, path));
+  for (int i = 1; i <= s.FieldCount; ++i)
+    for (int c = 1; c <= 7; ++c)
+      EXPECT_EQ(j["FieldTable"][i - 1][c - 1].get<double>(), s.FieldTable(i, c).num()) << i;
+}
+
+TEST(DesktopProgram, AnswersWithoutADisplay) {
+  const std::string gui = TELLUX_GUI;
+  const std::string no_display = "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM ";
+  EXPECT_EQ(run(no_display + gui + " --version").out, "Tellux 6.4\n");
+  EXPECT_NE(run(no_display + gui + " --help").out.find("tellux-cli"), std::string::npos);
+  const Outcome bare = run(no_display + gui);
+  EXPECT_EQ(bare.status, 1);
+  EXPECT_NE(bare.err.find("no display"), std::string::npos);
+  EXPECT_EQ(std::count(bare.err.begin(), bare.err.end(), '\n'), 1);
+}
+
+}  // namespace
