@@ -46,6 +46,12 @@ Outcome run(const std::string& args, const std::string& env = "") {
   return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, slurp(out), slurp(err)};
 }
 
+// Each process removes its folder when its case ends.
+struct RemoveTmp : ::testing::Environment {
+  void TearDown() override { fs::remove_all(kTmp); }
+};
+const auto* const kRemoveTmp = ::testing::AddGlobalTestEnvironment(new RemoveTmp);
+
 Outcome cli(const std::string& args) { return run(std::string(TELLUX_CLI) + " " + args); }
 
 TEST(BatchCommand, ArgumentsStatusAndStreams) {
