@@ -2,6 +2,7 @@
 // The model of a grid control (the field sheet `BuildGrid`, the model grid `Grid1`, the profile's
 // `SEV_Grid`): text cells by row and column with checked indexes, the current cell, cell colours
 // and the repaint switch. The desktop program shows it; tests read and type into it directly.
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -20,6 +21,21 @@ class GridModel {
 
   int rows() const { return rows_; }
   int cols() const { return cols_; }
+  // New bounds (`Rows`, `Cols`); cells inside both keep their texts and colours.
+  void resize(int rows, int cols) {
+    GridModel bigger(rows, cols);
+    for (int r = 0; r < std::min(rows, rows_); ++r)
+      for (int c = 0; c < std::min(cols, cols_); ++c) {
+        bigger.set_text(r, c, text(r, c));
+        bigger.set_back_colour(r, c, back_colour(r, c));
+        bigger.set_fore_colour(r, c, fore_colour(r, c));
+      }
+    rows_ = rows;
+    cols_ = cols;
+    text_ = std::move(bigger.text_);
+    back_ = std::move(bigger.back_);
+    fore_ = std::move(bigger.fore_);
+  }
 
   const std::string& text(int r, int c) const { return text_[index(r, c)]; }
   void set_text(int r, int c, std::string t) { text_[index(r, c)] = std::move(t); }
