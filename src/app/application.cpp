@@ -16,13 +16,16 @@ Application::Application(Dialogs& dialogs, Forms& forms, DrawingSurface& Bilog,
       setup(session, Bilog, main.Text1, main.Text4, &sheet.BuildGrid),
       model(session, Bilog,
             MainFormBoxes{sheet.XBox, sheet.YBox, sheet.ZBox, sheet.AzimBox, sheet.CommentBox,
-                          sheet.TitleBox, main.NameBox, main.Text3}) {
+                          sheet.TitleBox, main.NameBox, main.Text3}),
+      profile(session, settings, main.SEV_Grid) {
   prepare_bilog_surface(Bilog);
   drawing.attach();
   main.attach(setup, sheet);
   main.ComputeDepths = [this] { tellux::ComputeDepths(session); };
   main.compute_model = [this] { model.menu_compute(); };
   main.fit_model = [this] { model.menu_fit(); };
+  main.load_profile = [this] { profile.load(); };
+  main.store_profile = [this] { profile.store(); };
 }
 
 void Application::Option_Click(int index) {

@@ -119,6 +119,7 @@ bool MainForm::Form_Load() {
   static const char* kProfileHeader[] = {"File name", "X",        "Y",         "Z",
                                          "Order",     "Distance", "Max. depth"};
   for (int c = 1; c <= 7; ++c) SEV_Grid.set_text(0, c, kProfileHeader[c - 1]);
+  if (load_profile) load_profile();
 
   frmSplash_.Show();
   return true;
@@ -223,6 +224,7 @@ void MainForm::Bilog_MouseMove(float X, float Y) { ShowBilogReadout(s_, Bilog_, 
 bool MainForm::leave_program() {
   // The settings keep this run's choices only when the setup tab's box says so.
   if (setup_) settings_.garder_config = setup_->garder_config.Value == 1;
+  if (store_profile) store_profile();
   save_settings(s_, settings_, settings_path_);
   const bool go_on = true;
   const std::string question =

@@ -99,6 +99,10 @@ class MainForm {
   std::function<void()> open_manual;    // the manual ("Help")
   std::function<void()> copy_picture;   // the diagram to the clipboard ("Clip_Bd")
   std::function<void()> display_print;  // the report preview ("Print Bilog")
+  std::function<void()> load_profile;   // the tab "Profile data" from the settings
+  std::function<void()> store_profile;  // its boxes back to the settings
+
+  const std::string& settings_path() const { return settings_path_; }
 
   void draw_empty_frame();
 

@@ -61,9 +61,10 @@ class ColourScale {
   // "OK, Save": the 16 class colours to the settings' `PALETTE_A`. False when the file could not
   // be written (nothing is shown).
   bool Command10_Click(Settings& settings, const std::string& settings_path);
+  // The colour dialog: the colour chosen, or on Cancel the one it held.
+  int32_t pick_colour();
 
  private:
-  int32_t pick_colour();
   void clamp_and_interpolate(int n);
 
   Session& session_;

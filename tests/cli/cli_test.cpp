@@ -71,6 +71,9 @@ TEST(BatchCommand, ArgumentsStatusAndStreams) {
       {"open " + missing.string(), 1, "",
        "Reading File Error...\ntellux-cli: " + missing.string() + ": No such file or directory"},
       {"--lang F open " + missing.string(), 1, "", "Erreur"},
+      {"profile " + kSample + " " + (kTmp / "x.TX3").string(), 2, "", "one folder"},
+      {"colours --anchors 1,2,3", 2, "", "--anchors"},
+      {"colours --min 10 --max 2000 --classify 133.9,134", 0, "\"Classes\":[1,2]", ""},
       {"write " + kSample + " /no/such/folder/x.TX3", 1, "",
        "cannot write /no/such/folder/x.TX3: No such file or directory"},
   };
