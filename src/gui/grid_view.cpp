@@ -8,9 +8,20 @@
 namespace tellux {
 
 GridTableModel::GridTableModel(GridModel& grid, QObject* parent)
-    : QAbstractTableModel(parent), grid_(grid) {}
+    : QAbstractTableModel(parent),
+      grid_(grid),
+      shown_rows_(grid.rows()),
+      shown_cols_(grid.cols()) {}
 
 void GridTableModel::refresh() {
+  // The logic may give the grid new bounds (`Rows`, `Cols`): the view then starts afresh.
+  if (grid_.rows() != shown_rows_ || grid_.cols() != shown_cols_) {
+    beginResetModel();
+    shown_rows_ = grid_.rows();
+    shown_cols_ = grid_.cols();
+    endResetModel();
+    return;
+  }
   if (rowCount() == 0 || columnCount() == 0) return;
   emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
   emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);

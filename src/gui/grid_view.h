@@ -28,6 +28,7 @@ class GridTableModel : public QAbstractTableModel {
  private:
   GridModel& grid_;
   bool right_ = false;
+  int shown_rows_, shown_cols_;  // the bounds the view knows
 };
 
 class GridView : public QTableView {

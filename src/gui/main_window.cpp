@@ -14,6 +14,7 @@
 #include <QVBoxLayout>
 
 #include "gui/grid_view.h"
+#include "gui/profile_widget.h"
 #include "gui/setup_widget.h"
 #include "gui/sheet_widget.h"
 #include "gui/splash_window.h"
@@ -74,17 +75,13 @@ MainWindow::MainWindow(Application& app, QtDrawingSurface& bilog, QtForms& forms
   tabs_->setDocumentMode(false);
   sheet_ = new SheetWidget(app_.sheet);
   setup_ = new SetupWidget(app_.setup);
-  profile_grid_ = new GridView(app_.main.SEV_Grid);
-  profile_grid_->setObjectName(QStringLiteral("SEV_Grid"));
-  // Column widths of the profile table: 3125 twips for the file name, 960 for the others.
-  profile_grid_->setColumnWidth(0, 3125 / kTwipsPerPixel);
-  for (int c = 1; c < 7; ++c) profile_grid_->setColumnWidth(c, 960 / kTwipsPerPixel);
+  profile_ = new ProfileWidget(app_.profile, app_.main.SEV_Grid, app_.main.settings_path());
   tabs_->addTab(build_bilog_page(), QString::fromUtf8(kTabCaptions[0]));
   tabs_->addTab(sheet_, QString::fromUtf8(kTabCaptions[1]));
   tabs_->addTab(placeholder(QStringLiteral("The report preview comes in a later version.")),
                 QString::fromUtf8(kTabCaptions[2]));
   tabs_->addTab(setup_, QString::fromUtf8(kTabCaptions[3]));
-  tabs_->addTab(profile_grid_, QString::fromUtf8(kTabCaptions[4]));
+  tabs_->addTab(profile_, QString::fromUtf8(kTabCaptions[4]));
   tabs_->addTab(placeholder(QStringLiteral("The profile drawing comes in a later version.")),
                 QString::fromUtf8(kTabCaptions[5]));
   connect(tabs_, &QTabWidget::currentChanged, this,
@@ -335,7 +332,7 @@ void MainWindow::refresh() {
   combo6_->setCurrentIndex(main.Combo6.ListIndex());
   sheet_->refresh();
   setup_->refresh();
-  profile_grid_->refresh();
+  profile_->refresh();
   splash_->refresh();
   if (!app_.frmSplash.visible && splash_->isVisible()) splash_->hide();
   bilog_->update();

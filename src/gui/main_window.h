@@ -23,6 +23,7 @@ class QToolBar;
 namespace tellux {
 
 class GridView;
+class ProfileWidget;
 class SetupWidget;
 class SheetWidget;
 class SplashWindow;
@@ -51,6 +52,7 @@ class MainWindow : public QMainWindow {
   BilogWidget* bilog() const { return bilog_; }
   SheetWidget* sheet() const { return sheet_; }
   SetupWidget* setup() const { return setup_; }
+  ProfileWidget* profile() const { return profile_; }
   SplashWindow* splash() const { return splash_; }
   ModelWindowView* model_view() const { return model_view_.get(); }
   QComboBox* language_box() const { return combo6_; }
@@ -88,7 +90,7 @@ class MainWindow : public QMainWindow {
   QLineEdit *text1_ = nullptr, *name_box_ = nullptr, *text3_ = nullptr, *text4_ = nullptr;
   SheetWidget* sheet_ = nullptr;
   SetupWidget* setup_ = nullptr;
-  GridView* profile_grid_ = nullptr;
+  ProfileWidget* profile_ = nullptr;
   SplashWindow* splash_ = nullptr;
   std::unique_ptr<ModelWindowView> model_view_;
   std::array<QAction*, 6> recent_{};

@@ -19,6 +19,7 @@
 #include "app/application.h"
 #include "gui/grid_view.h"
 #include "gui/main_window.h"
+#include "gui/profile_widget.h"
 #include "gui/qt_forms.h"
 #include "gui/setup_widget.h"
 #include "gui/sheet_widget.h"
@@ -204,6 +205,23 @@ class WindowTest : public QObject {
     QCOMPARE(p.window.array_box()->text(), QStringLiteral("Wenner"));
     QVERIFY(QString::fromStdString(p.app.settings.SevFile).endsWith(QStringLiteral("DATAWEN.TXT")));
     QVERIFY(pixels_of(p.bilog.image(), p.app.s.PointsColour) > 100);
+  }
+
+  // Two soundings chosen fill the table and the scale; an anchor patch opens the colour dialog.
+  void selectsSoundingsAndPicksAnAnchor() {
+    Program& p = start();
+    ProfileWidget* profile = p.window.profile();
+    const std::string line = std::string(TELLUX_SOURCE_DIR) + "/tests/data/profile/L1_0";
+    p.dialogs.open_choices = {{line + "2.TX3", line + "1.TX3"}};
+    profile->select_button()->click();
+    QCOMPARE(profile->grid()->model()->rowCount(), 2);
+    QCOMPARE(profile->grid()->model()->index(0, 0).data().toString(), QStringLiteral("L1_01.TX3"));
+    QCOMPARE(profile->class_patch(16)->text(), QStringLiteral("600"));
+    p.dialogs.colours = {0x00FF00};
+    QTest::mouseClick(profile->anchor_patch(1), Qt::LeftButton);
+    QCOMPARE(profile->rgb_box(1)->text(), QStringLiteral("255"));
+    QCOMPARE(profile->class_patch(1)->text(), QStringLiteral("20"));
+    QCOMPARE(p.app.profile.sheet.scale.ClassBox[1].BackColor, 0x00FF00);
   }
 
   void changesTheLanguage() {
