@@ -84,6 +84,7 @@ void FieldSheet::Load_build() {
 }
 
 void FieldSheet::refill() {
+  edited_ = false;
   if (s_.FileName != "NEW" || s_.FieldTable(1, 2).num() > 0) {
     fill_sheet(s_, BuildGrid);
     return;

@@ -91,6 +91,9 @@ class FieldSheet {
   Session& session_;
   SoundingState& s_;
   const std::string& sev_file_;
+  // Typed, deleted or inserted since the last Compute: only then does Quit compute, so that
+  // quitting a sheet emptied by Save leaves the record whole.
+  bool edited_ = false;
 };
 
 }  // namespace tellux

@@ -70,6 +70,11 @@ void MainForm::draw_empty_frame() {
   rt::skip([&] { DrawBilogFrame(s_, Bilog_); });
 }
 
+void MainForm::show_sounding_alone() {
+  NameBox.Text.clear();
+  draw_empty_frame();
+}
+
 bool MainForm::Form_Load() {
   Forms& forms = session_.forms;
   current_tab = kBilogTab;
@@ -176,9 +181,10 @@ void MainForm::SSTab1_Click(int index) {
 
 MainLayout MainForm::Form_Resize(int width, int height) {
   const MainLayout layout = main_layout(width, height);
-  if (s_.FreshStart) {
-    // Nothing is computed yet. Our surface is a new picture at each size, and all the old one
-    // could hold is the frame with its marks: that is drawn again.
+  // Nothing is computed yet, or the sounding has no model. Our surface is a new picture at each
+  // size, and all the old one could hold is the frame with its marks: that is drawn again. (An
+  // empty model would give a flat curve along the bottom edge.)
+  if (s_.FreshStart || s_.LayerModel(1, 1).num() <= 0) {
     draw_empty_frame();
     return layout;
   }

@@ -105,6 +105,8 @@ class MainForm {
   const std::string& settings_path() const { return settings_path_; }
 
   void draw_empty_frame();
+  // The name box emptied and the frame drawn with the points of the sounding just opened.
+  void show_sounding_alone();
 
  private:
   void new_sounding();

@@ -19,8 +19,9 @@ constexpr const char* kLineEnd = "\r\n";
 }  // namespace
 
 void FieldSheet::ExitButton_Click() {
-  // What was typed since the last Compute goes to the record first, so that the diagram shows it.
-  Compute();
+  // What was typed since the last Compute goes to the record first, so that the diagram shows it;
+  // an untouched sheet (or one emptied by Save) is not data and is left out.
+  if (edited_) Compute();
   s_.CellFresh = 1;
   s_.SheetBuilt = false;
   session_.forms.redraw_bilog_frame();
@@ -61,6 +62,7 @@ void FieldSheet::SaveButton_Click() {
   s_.CellFresh = 1;
   for (int r = 1; r <= kSheetRows; ++r)
     for (int c = 1; c <= kSheetColumns; ++c) BuildGrid.set_text(r, c, "");
+  edited_ = false;
 }
 
 }  // namespace tellux

@@ -54,6 +54,7 @@ void FieldSheet::Compute() {
   const int current_row = grid.row, current_col = grid.col;
   grid.redraw = false;
 
+  edited_ = false;
   s.MaxAbHalf = 0;
   s.DataSaved = false;
   ShiftWalk walk;

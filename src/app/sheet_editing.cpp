@@ -28,6 +28,7 @@ void FieldSheet::BuildGrid_KeyPress(int key) {
     return;
   }
   s_.DataSaved = false;
+  edited_ = true;
   // The first key after a command replaces the cell; a new resistivity also drops the unshifted
   // value kept for the row.
   if (s_.CellFresh == 1) {
@@ -63,6 +64,7 @@ void FieldSheet::insert_sheet_row(int r) {
 void FieldSheet::CorrectButton_Click() {
   GridModel& grid = BuildGrid;
   s_.CellFresh = 1;
+  edited_ = true;
   int r = 0;
   if (s_.FieldCount >= 1) {
     r = grid.row;
@@ -83,6 +85,7 @@ void FieldSheet::CorrectButton_Click() {
 void FieldSheet::RecordButton_Click() {
   GridModel& grid = BuildGrid;
   s_.CellFresh = 1;
+  edited_ = true;
   grid.col = 2;
   const int r = grid.row;
   bool room = false;

@@ -75,6 +75,8 @@ void open_sounding(Session& session) {
   if (s.LayerModel(1, 1).num() > 0) {
     forms.select_tab(0);
     forms.show_model_window();
+  } else {
+    forms.show_sounding_alone();
   }
   forms.fill_sheet();
 }

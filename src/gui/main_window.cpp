@@ -274,6 +274,10 @@ void MainWindow::wire_forms() {
     app_.main.draw_empty_frame();
     bilog_->update();
   };
+  forms_.on_show_sounding_alone = [this] {
+    app_.main.show_sounding_alone();
+    refresh();
+  };
   forms_.on_focus_field_sheet = [this] { sheet_->grid()->setFocus(); };
   forms_.on_beep = [] { QApplication::beep(); };
 }

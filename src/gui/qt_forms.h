@@ -23,6 +23,7 @@ class QtForms : public Forms {
   std::function<void()> on_revive_overlay_controls;
   std::function<void()> on_refresh_model_grid;
   std::function<void()> on_redraw_bilog_frame;
+  std::function<void()> on_show_sounding_alone;
   std::function<void()> on_focus_field_sheet;
   std::function<void()> on_beep;
   std::function<int()> on_current_tab;
@@ -40,6 +41,7 @@ class QtForms : public Forms {
   void refresh_model_grid() override { call(on_refresh_model_grid); }
   void fill_sheet() override { call(on_fill_sheet); }
   void redraw_bilog_frame() override { call(on_redraw_bilog_frame); }
+  void show_sounding_alone() override { call(on_show_sounding_alone); }
   void focus_field_sheet() override { call(on_focus_field_sheet); }
   void beep() override { call(on_beep); }
   int current_tab() const override { return on_current_tab ? on_current_tab() : -1; }

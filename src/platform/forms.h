@@ -40,6 +40,9 @@ class Forms {
   // The Bilog frame is drawn again with the field marks (`DrawBilogFrame` on the screen); the
   // curves on it are lost.
   virtual void redraw_bilog_frame() {}
+  // A sounding without a model was opened: the diagram shows its frame and points alone, with no
+  // curve or name left from the sounding before.
+  virtual void show_sounding_alone() {}
   // The field sheet `BuildGrid` takes the keyboard focus.
   virtual void focus_field_sheet() {}
   // The short warning sound of a refused command.

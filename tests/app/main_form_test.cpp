@@ -151,6 +151,23 @@ TEST_F(MainFormTest, ToolbarSaveWritesUnderThePathAndMarksTheDataSaved) {
   EXPECT_EQ(rt::read_whole_file(copy), before);
 }
 
+// Save on the sheet empties it; Quit then must not take the empty sheet for the sounding.
+TEST_F(MainFormTest, QuitAfterSaveOnTheSheetKeepsTheRecord) {
+  Application& a = started();
+  const std::string copy = path("sheet.TX3");
+  std::filesystem::copy_file(sample("three_layers.TX3"), copy);
+  open(copy);
+  a.main.SSTab1_Click(kSheetTab);
+  dialogs.answers = {Answer::Yes, Answer::Yes};  // the count, then keep the name
+  a.sheet.SaveButton_Click();
+  const std::string saved = rt::read_whole_file(copy);
+  a.sheet.ExitButton_Click();
+  EXPECT_GT(a.s.FieldCount, 0);
+  dialogs.answers = {Answer::Yes};
+  a.main.Toolbar1_ButtonClick("save");
+  EXPECT_EQ(rt::read_whole_file(copy), saved);
+}
+
 TEST_F(MainFormTest, SevProfileWithoutSoundingsShowsTheStopMessage) {
   Application& a = started();
   a.main.SSTab1_Click(5);
@@ -204,6 +221,12 @@ TEST_F(MainFormTest, ResizeRedrawsTheCurveOnlyAfterASoundingWasOpened) {
   a.main.Form_Resize(16000, 12000);
   EXPECT_EQ(a.session.forward_runs, runs + 1);
   EXPECT_EQ(Bilog.MousePointer(), kPointerCross);
+  // A sounding without a model: the frame and its points, no flat curve of an empty model.
+  open(sample("three_layers_nomodel.TX3"));
+  a.s.ModelComputed = 0;
+  a.main.Form_Resize(15000, 12000);
+  EXPECT_EQ(a.session.forward_runs, runs + 1);
+  EXPECT_EQ(a.s.ModelComputed, 0);
 }
 
 TEST_F(MainFormTest, LanguageBoxSetsOneFlagClosesTheModelWindowAndRecaptions) {

@@ -23,14 +23,16 @@ class SheetCommands : public SheetTest {
   CountingCurve curve;
 };
 
-TEST_F(SheetCommands, QuitTakesTheSheetAndDrawsTheComputedModelAgain) {
-  sheet.ExitButton_Click();  // no computed model: the frame only
+TEST_F(SheetCommands, QuitTakesWhatWasTypedAndDrawsTheComputedModelAgain) {
+  sheet.ExitButton_Click();  // nothing typed, no computed model: the frame only
   EXPECT_EQ(sheet_forms.frames, 1);
   EXPECT_EQ(sheet_session.forward_runs, 0);
+  EXPECT_EQ(s.MaxAbHalf, 0);
 
   s.ModelComputed = 1;
   s.SheetBuilt = true;
-  s.CellFresh = 0;
+  type(3, 6, "\b");  // the first key clears the cell
+  type(3, 6, "300");
   sheet.ExitButton_Click();
   EXPECT_EQ(s.MaxAbHalf, 100);
   EXPECT_EQ(sheet_forms.frames, 2);

@@ -162,6 +162,20 @@ class WindowTest : public QObject {
     QCOMPARE(p.dialogs.messages.back().text, std::string("First, you must load SEV files"));
   }
 
+  // Nothing of the sounding before stays on the diagram when one without a model is opened.
+  void opensASoundingWithoutAModelAfterAnother() {
+    Program& p = start();
+    p.app.s.PointsColour = 0xFF0000;  // blue marks, apart from the red curve
+    open_sample(p, sample("three_layers.TX3"));
+    p.window.resize(p.window.width() + 20, p.window.height());
+    p.app.main.NameBox.Text = "three_layers";
+    QVERIFY(pixels_of(p.bilog.image(), p.app.s.CurveColour) > 100);
+    open_sample(p, sample("three_layers_nomodel.TX3"));
+    QCOMPARE(pixels_of(p.bilog.image(), p.app.s.CurveColour), 0);
+    QVERIFY(pixels_of(p.bilog.image(), p.app.s.PointsColour) > 100);
+    QVERIFY(p.window.name_box()->text().isEmpty());
+  }
+
   void typesASoundingInTheSheetAndComputes() {
     Program& p = start();
     p.window.splash()->button(2)->click();  // start a new sounding
