@@ -49,17 +49,6 @@ unsigned fold(std::string_view s, size_t& i) {
   return c;
 }
 
-// The first `chars` characters of UTF-8 text.
-std::string cut_characters(std::string_view s, size_t chars) {
-  size_t i = 0, n = 0;
-  while (i < s.size() && n < chars) {
-    ++i;
-    while (i < s.size() && (static_cast<unsigned char>(s[i]) & 0xC0) == 0x80) ++i;
-    ++n;
-  }
-  return std::string(s.substr(0, i));
-}
-
 }  // namespace
 
 bool same_name(std::string_view a, std::string_view b) {
@@ -124,7 +113,7 @@ std::optional<std::string> IniFile::get(std::string_view section, std::string_vi
 std::string IniFile::read(std::string_view section, std::string_view key,
                           std::string_view fallback) const {
   const auto value = get(section, key);
-  return cut_characters(value ? std::string_view(*value) : fallback, kValueBuffer - 1);
+  return std::string(value ? std::string_view(*value) : fallback);
 }
 
 void IniFile::set(std::string_view section, std::string_view key, std::string_view value) {

@@ -21,17 +21,13 @@ class IniFile {
     std::vector<Entry> entries;
   };
 
-  // The program reads each value into a buffer of 50 characters, the last one its terminator.
-  static constexpr size_t kValueBuffer = 50;
-
   static IniFile parse(std::string_view text);
   // The file at `path`; an empty one when it is missing or cannot be read.
   static IniFile load(const std::string& path);
 
   // The value as it stands in the file, when the key is there.
   std::optional<std::string> get(std::string_view section, std::string_view key) const;
-  // The value as the program reads it: the file's value or else `fallback`, cut to the
-  // characters the read buffer holds.
+  // The value as the program reads it: the file's value, whole, or else `fallback`.
   std::string read(std::string_view section, std::string_view key, std::string_view fallback) const;
   // Sets a key, adding the section and the key at their ends when they are new. The key takes
   // the spelling given here.

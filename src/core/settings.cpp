@@ -99,25 +99,6 @@ void read_page(const IniFile& ini, Settings& st, const char* bottom_default) {
   rt::skip([&] { st.HautPlot = int16_of(ini.read(kDraw, "Haut_plot", "2000")); });
 }
 
-LoadedChoices choices_of(const SoundingState& s) {
-  return {s.DecadeStart, s.DecadeEnd, s.RhoDecadeStart, s.RhoDecadeEnd,   s.AB2min,   s.AB2max,
-          s.RHOmin,      s.RHOmax,    s.ShowModelSteps, s.ShowErrorCurve, s.SpreadTag};
-}
-
-void restore_choices(SoundingState& s, const LoadedChoices& c) {
-  s.DecadeStart = c.DecadeStart;
-  s.DecadeEnd = c.DecadeEnd;
-  s.RhoDecadeStart = c.RhoDecadeStart;
-  s.RhoDecadeEnd = c.RhoDecadeEnd;
-  s.AB2min = c.AB2min;
-  s.AB2max = c.AB2max;
-  s.RHOmin = c.RHOmin;
-  s.RHOmax = c.RHOmax;
-  s.ShowModelSteps = c.ShowModelSteps;
-  s.ShowErrorCurve = c.ShowErrorCurve;
-  s.SpreadTag = c.SpreadTag;
-}
-
 void put_tellux(IniFile& ini, const SoundingState& s, const Settings& st, const char* model_key) {
   ini.set(kTellux, "Chemin", s.FileDir);
   ini.set(kTellux, "Langue", letter_from_flags(s.Language, st.Langue));
@@ -239,7 +220,6 @@ void load_settings(SoundingState& s, Settings& st, const std::string& path) {
   st.MinRes = ini.read(kProfile, "MinRes", "10");
   st.MaxRes = ini.read(kProfile, "MaxRes", "2000");
 
-  st.loaded = choices_of(s);
   // An axis that ends below 100 is taken as a damaged setting: back to 10000.
   if (s.DecadeEnd < 2) {
     s.DecadeEnd = 4;
@@ -257,11 +237,10 @@ void load_settings(SoundingState& s, Settings& settings) {
 
 bool save_settings(SoundingState& s, Settings& st, const std::string& path) {
   IniFile ini = IniFile::load(path);
-  if (st.garder_config)
-    st.Langue = letter_from_flags(s.Language, st.Langue);
-  else
-    restore_choices(s, st.loaded);
+  // Without the keep box the section "Tellux" is not written, so the file keeps its start-up
+  // values; the running record keeps the user's choices for the rest of the run.
   if (st.garder_config) {
+    st.Langue = letter_from_flags(s.Language, st.Langue);
     put_tellux(ini, s, st, kModelKeyWritten);
     put_page(ini, st);
     put_colours(ini, s);

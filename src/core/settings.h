@@ -11,22 +11,6 @@
 
 namespace tellux {
 
-// The choices of the setup tab as the file gave them; put back on leaving when the configuration
-// is not kept, so that the changes of the run are thrown away.
-struct LoadedChoices {
-  int16_t DecadeStart = -1;
-  int16_t DecadeEnd = 4;
-  int16_t RhoDecadeStart = 0;
-  int32_t RhoDecadeEnd = 4;
-  int16_t AB2min = 0;
-  int16_t AB2max = 10000;
-  int16_t RHOmin = 1;
-  int32_t RHOmax = 10000;
-  int16_t ShowModelSteps = 1;
-  int16_t ShowErrorCurve = 0;
-  std::string SpreadTag = "0";
-};
-
 struct Settings {
   std::string Langue = "E";                         // the letter as read
   std::string SevFile = "C:\\Tellux\\DataVes.txt";  // the default spread file
@@ -55,7 +39,6 @@ struct Settings {
   std::string MaxRes = "2000";
   // The box "Garder la configuration en sortant": keep this run's choices when leaving.
   bool garder_config = false;
-  LoadedChoices loaded;
 };
 
 // Where the file lies: $TELLUX_INI when set, else Tellux/Tellux6.ini in $XDG_CONFIG_HOME or
@@ -69,8 +52,7 @@ void load_settings(SoundingState& s, Settings& settings);
 
 // Writes the recent files, the page, the graphical program, the plot size, the named colours and
 // the profile always; the section "Tellux" and the seven colours only when `garder_config` is
-// set. Otherwise the setup tab's choices are put back as they were loaded. Returns false when the
-// file could not be written (nothing is shown).
+// set. Returns false when the file could not be written (nothing is shown).
 bool save_settings(SoundingState& s, Settings& settings, const std::string& path);
 bool save_settings(SoundingState& s, Settings& settings);
 

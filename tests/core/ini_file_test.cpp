@@ -16,14 +16,10 @@ TEST(IniFile, SectionsAndKeysAreComparedWithoutRegardToCase) {
   EXPECT_FALSE(same_name("modele", "modèle"));
 }
 
-TEST(IniFile, ReadGivesTheFallbackForAMissingKeyAndCutsToTheBuffer) {
-  std::string accents;
-  for (int i = 0; i < 80; ++i) accents += "é";
-  const IniFile ini = IniFile::parse("[S]\nempty=\nlong=" + accents + "\n");
+TEST(IniFile, ReadGivesTheFallbackForAMissingKey) {
+  const IniFile ini = IniFile::parse("[S]\nempty=\n");
   EXPECT_EQ(ini.read("S", "empty", "d"), "");
   EXPECT_EQ(ini.read("S", "missing", "d"), "d");
-  const std::string cut = ini.read("S", "long", "");
-  EXPECT_EQ(cut.size(), 49u * 2);  // 49 characters of two bytes each
 }
 
 TEST(IniFile, ValuesKeepTheirBlanksThroughQuotes) {
