@@ -30,9 +30,7 @@ void ModelWindow::show_sounding_name() {
   rt::skip([&] { boxes_.Name.Text = name_without_extension(); });
 }
 
-void ModelWindow::append_to_sounding_name(const std::string& word) {
-  boxes_.Name.Text += " " + word;
-}
+void ModelWindow::show_shift_word(const std::string& word) { boxes_.Text3.Text = word; }
 
 void ModelWindow::redraw_bilog_frame() {
   rt::skip([&] { DrawBilogFrame(s_, Bilog_); });

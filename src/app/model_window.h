@@ -152,7 +152,7 @@ class ModelWindow : public ModelWindowActions {
   // --- What the fit button calls (ModelWindowActions). ---
   void show_sounding_name() override;
   void update_overlay_store() override;
-  void append_to_sounding_name(const std::string& word) override;
+  void show_shift_word(const std::string& word) override;
   void redraw_bilog_frame() override;
 
  private:

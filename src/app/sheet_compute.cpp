@@ -90,8 +90,13 @@ void FieldSheet::Compute() {
       if (measured) {
         rho = rt::Div(rt::Div(K * x.dv, x.i), walk.ShiftFactor);
       } else {
-        const double typed = rt::Val(grid.text(i, 6));
+        const std::string& text = grid.text(i, 6);
+        const double typed = rt::Val(text);
         if (typed > 0 && !(s.FieldTable(i, 7).num() > 0)) s.FieldTable(i, 7) = typed;
+        // Wenner: a typed value below 0, or one that left nothing kept, counts as 1.
+        if (spread == SpreadType::Wenner && !text.empty() &&
+            (typed < 0 || s.FieldTable(i, 7).empty()))
+          s.FieldTable(i, 7) = 1.0;
         rho = rt::Div(s.FieldTable(i, 7).num(), walk.ShiftFactor);
       }
     });

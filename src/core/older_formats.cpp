@@ -104,15 +104,14 @@ void read_txe_file(Session& session, std::string& path) {
       if (ab > s.MaxAbHalf) s.MaxAbHalf = rt::CInt(ab);
     });
   }
+  // Thickness and depth are stored in centimetres. Each value is scaled as it is read, so that a
+  // file cut short leaves the rest of the model as it was.
+  const auto metres = [&in] { return static_cast<float>(in.single() / 100.f); };
   for (int r = 1; r <= 10; ++r) {
     rt::skip([&] {
       s.LayerModel(r, 1) = in.single();
-      s.LayerModel(r, 2) = in.single();
-      s.LayerModel(r, 3) = in.single();
-    });
-    rt::skip([&] {
-      s.LayerModel(r, 2) = static_cast<float>(static_cast<float>(s.LayerModel(r, 2).num()) / 100.f);
-      s.LayerModel(r, 3) = static_cast<float>(static_cast<float>(s.LayerModel(r, 3).num()) / 100.f);
+      s.LayerModel(r, 2) = metres();
+      s.LayerModel(r, 3) = metres();
     });
   }
   for (std::string* text : {&s.CommentText, &s.DataOrigin, &s.GraphTitle, &s.LocationX,

@@ -63,8 +63,10 @@ int key_code_of(int qt_key, Qt::KeyboardModifiers modifiers) {
     default:
       break;
   }
-  // Letters and the other printable keys keep their character code; the logic refuses them.
-  if (qt_key >= Qt::Key_Space && qt_key <= Qt::Key_AsciiTilde) return qt_key;
+  // Letters keep their code, which the logic refuses. Punctuation keys have codes above 57 that
+  // the logic's keypad rule would turn into digits or the point ("`" into "0"): they get a code
+  // that stays refused.
+  if (qt_key == Qt::Key_Space || (qt_key >= Qt::Key_A && qt_key <= Qt::Key_Z)) return qt_key;
   return 255;
 }
 

@@ -83,7 +83,7 @@ void Ajuste_Button_Click(Session& session, GridModel& grid1, ModelWindowActions&
   }
 
   if (s.ShiftCurves == 1)
-    window.append_to_sounding_name(session.text("Lissé", "Empalmes compens.", "Shifted"));
+    window.show_shift_word(session.text("lissé", "Empalmes compens.", "shifted"));
   if (s.SuperposeCurve == -1) window.redraw_bilog_frame();
 
   s.FitMisfit = int16_t{0};

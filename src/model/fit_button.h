@@ -22,8 +22,8 @@ class ModelWindowActions {
   virtual void ComputeDepths() = 0;
   // With the overlay box ticked: the model in work joins the store of superposed models.
   virtual void update_overlay_store() = 0;
-  // The name box of the main window gets the word that tells the splice shift is on.
-  virtual void append_to_sounding_name(const std::string& word) = 0;
+  // The status box `Text3` of the main window gets the word that tells the splice shift is on.
+  virtual void show_shift_word(const std::string& word) = 0;
   // The empty bilog frame is drawn again.
   virtual void redraw_bilog_frame() = 0;
 };

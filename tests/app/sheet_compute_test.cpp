@@ -90,6 +90,19 @@ TEST_F(Compute, ResistivityOnlyRowsKeepTheirValueAndItsUnshiftedCopy) {
   sheet.BuildGrid.set_text(2, 6, "300");
   sheet.Compute();
   EXPECT_DOUBLE_EQ(table(2, 2), 251);
+
+  // Wenner: below 0, or 0 with nothing kept, gives 1; an empty row still ends the data.
+  s.Spread = SpreadType::Wenner;
+  put_row(2, {"", "2", "", "", "", "-5"});
+  put_row(3, {"", "3", "", "", "", "0"});
+  s.FieldTable(3, 7).clear();
+  put_row(4, {"", "4", "", "", "", "40"});
+  sheet.Compute();
+  EXPECT_EQ(s.FieldCount, 4);
+  EXPECT_DOUBLE_EQ(table(1, 2), 85.2);
+  EXPECT_DOUBLE_EQ(table(2, 2), 1);
+  EXPECT_DOUBLE_EQ(table(3, 2), 1);
+  EXPECT_DOUBLE_EQ(table(4, 2), 40);
 }
 
 TEST_F(Compute, MarineFloorCorrectsWithTheWaterResistivity) {

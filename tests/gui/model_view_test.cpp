@@ -115,6 +115,9 @@ TEST_F(ModelViewTest, TheKeypadAndTheMainKeysGiveTheLogicsCodes) {
   EXPECT_EQ(key_code_of(Qt::Key_Period, Qt::KeypadModifier), key::kPadPoint);
   EXPECT_EQ(key_code_of(Qt::Key_Shift, Qt::NoModifier), 0);
   EXPECT_EQ(key_code_of(Qt::Key_Right, Qt::NoModifier), key::kRight);
+  click_cell(2, 0);
+  QTest::keyClicks(view->grid(), "`^~x1");  // neither a digit nor the point
+  EXPECT_EQ(shown(2, 0), "1  ");
 }
 
 TEST_F(ModelViewTest, TheFormsCallsShowAndUnloadTheWindow) {

@@ -28,7 +28,7 @@ struct FakeWindow : ModelWindowActions {
     }
   }
   void update_overlay_store() override { log.push_back("overlay store"); }
-  void append_to_sounding_name(const std::string& word) override { log.push_back("+" + word); }
+  void show_shift_word(const std::string& word) override { log.push_back("+" + word); }
   void redraw_bilog_frame() override { log.push_back("frame"); }
 };
 
@@ -145,11 +145,13 @@ TEST_F(FitButtonTest, AModelInTheGridIsReadAndFitted) {
   EXPECT_EQ(s.HistoryBase, 0);
   EXPECT_EQ(s.WorkMode, "");
   s.ShiftCurves = 1;
-  use_language('S');
-  window.log.clear();
-  click();
-  EXPECT_EQ(window.log, (std::vector<std::string>{"name", "read grid", "depths",
-                                                  "+Empalmes compens.", "frame"}));
+  for (const auto& [letter, word] : {std::pair{'S', "+Empalmes compens."}, std::pair{'F', "+lissé"},
+                                     std::pair{'E', "+shifted"}}) {
+    use_language(letter);
+    window.log.clear();
+    click();
+    EXPECT_EQ(window.log, (std::vector<std::string>{"name", "read grid", "depths", word, "frame"}));
+  }
 }
 
 TEST_F(FitButtonTest, WithTheOverlayBoxTickedTheStoreIsUpdatedAndTheFrameKept) {
