@@ -1,15 +1,18 @@
-// Makes the synthetic soundings shipped in samples/ and used by the tests: the field points are
-// the forward curve of a known model at usual spacings, with a little deterministic noise, and
-// the readings (MN/2, DeltaV, K, I) that would have given them.
+// Makes the synthetic soundings shipped in samples/, byte for byte: the field points are the
+// forward curve of a known model at usual spacings, with a little deterministic noise, and the
+// readings (MN/2, DeltaV, K, I) that would have given them. K and the resistivity are worked out
+// and rounded as the field sheet's Compute does, so computing a sample's sheet changes no point.
 //   tellux-make-samples OUTDIR
 #include <cmath>
 #include <cstdio>
 #include <string>
 #include <vector>
 
-#include "core/runtime/token_file.h"
+#include "app/geometric_factor.h"
+#include "core/runtime/arithmetic.h"
 #include "core/sounding_file.h"
 #include "model/forward.h"
+#include "model/splice_shift.h"
 #include "platform/headless/scripted_dialogs.h"
 
 namespace {
@@ -45,23 +48,11 @@ std::vector<Spacing> spacings(SpreadType spread) {
     if (spread == SpreadType::Schlumberger) {
       out.push_back({ab[i], mn});
     } else if (i == 0 || ab[i] != ab[i - 1]) {  // Wenner and dipole have no splices
-      out.push_back({ab[i], spread == SpreadType::Dipole ? ab[i] / 4 : 0.0});
+      // The dipole's factor 3.1416 / (1/AM - 3/BN) is positive for BN above 3 AM.
+      out.push_back({ab[i], spread == SpreadType::Dipole ? ab[i] * 4 : 0.0});
     }
   }
   return out;
-}
-
-double geometric_factor(SpreadType spread, double ab, double mn) {
-  constexpr double pi = 3.1416;
-  switch (spread) {
-    case SpreadType::Schlumberger:
-      return pi * (ab * ab - mn * mn) / (2 * mn);
-    case SpreadType::Wenner:
-      return 2 * pi * ab;
-    case SpreadType::Dipole:
-      return pi * ab * (ab + mn) * (ab + 2 * mn) / (mn * mn);
-  }
-  return 0;
 }
 
 // The computed curve at spacing a, interpolated in the logarithms.
@@ -113,10 +104,10 @@ bool make(const Sample& sample, const std::string& dir) {
     const double offset = 1.0 + 0.04 * splice;
     const double rho = curve_at(s, rows[r].ab) * offset * (1.0 + sample.noise * noise(seed));
     const double k =
-        std::round(geometric_factor(sample.spread, rows[r].ab, rows[r].mn) * 100) / 100;
+        round_geometric_factor(geometric_factor(sample.spread, 1, rows[r].ab, rows[r].mn));
     const double current = 50.0 + 10.0 * (n % 4);
     const double dv = std::round(rho * current / k * 10) / 10;
-    s.FieldTable(n, 2) = std::round(rho * 100) / 100;
+    s.FieldTable(n, 2) = round_resistivity(rt::Div(k * dv, current));
     s.FieldTable(n, 3) = rows[r].mn;
     s.FieldTable(n, 4) = dv;
     s.FieldTable(n, 5) = k;
@@ -167,6 +158,12 @@ int main(int argc, char** argv) {
        true,
        "Wenner, K-type"},
       {"dipole_two.TX3", SpreadType::Dipole, {{200, 8}, {20, 0}}, 0.01, true, "Dipole, two layers"},
+      {"bilog_three_layers.TX3",
+       SpreadType::Schlumberger,
+       {{60, 2}, {15, 12}, {400, 0}},
+       0.03,
+       true,
+       "Synthetic three-layer sounding"},
       {"three_layers_nomodel.TX3",
        SpreadType::Schlumberger,
        {{100, 2}, {20, 15}, {500, 0}},

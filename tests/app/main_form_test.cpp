@@ -168,6 +168,26 @@ TEST_F(MainFormTest, QuitAfterSaveOnTheSheetKeepsTheRecord) {
   EXPECT_EQ(rt::read_whole_file(copy), saved);
 }
 
+// The samples are made with the program's own factors: computing their sheets changes nothing.
+TEST_F(MainFormTest, ComputingTheSheetOfEverySampleChangesNoPoint) {
+  const std::pair<const char*, int> samples[] = {
+      {"three_layers.TX3", 0}, {"four_layers.TX3", 0},  {"bilog_three_layers.TX3", 0},
+      {"dipole_two.TX3", 1},   {"wenner_three.TX3", 2}, {"three_layers_nomodel.TX3", 0}};
+  Application& a = started();
+  for (const auto& [name, array] : samples) {
+    SCOPED_TRACE(name);
+    const std::string copy = path(name);
+    std::filesystem::copy_file(sample(name), copy);
+    a.Option_Click(array);
+    open(copy);
+    a.main.SSTab1_Click(kSheetTab);
+    a.main.SSTab1_Click(kBilogTab);
+    dialogs.answers = {Answer::Yes};
+    a.main.Toolbar1_ButtonClick("save");
+    EXPECT_EQ(rt::read_whole_file(copy), rt::read_whole_file(sample(name)));
+  }
+}
+
 TEST_F(MainFormTest, SevProfileWithoutSoundingsShowsTheStopMessage) {
   Application& a = started();
   a.main.SSTab1_Click(5);

@@ -1,0 +1,20 @@
+# The bundled samples are exactly what tellux-make-samples makes:
+#   cmake -DTOOL=... -DOUT=... -DSAMPLES=... -P check_samples.cmake
+file(REMOVE_RECURSE "${OUT}")
+file(MAKE_DIRECTORY "${OUT}")
+execute_process(COMMAND "${TOOL}" "${OUT}" RESULT_VARIABLE failed)
+if(failed)
+  message(FATAL_ERROR "tellux-make-samples failed")
+endif()
+file(GLOB bundled RELATIVE "${SAMPLES}" "${SAMPLES}/*.TX3")
+file(GLOB made RELATIVE "${OUT}" "${OUT}/*.TX3")
+if(NOT bundled STREQUAL made)
+  message(FATAL_ERROR "samples/ holds ${bundled}; the tool makes ${made}")
+endif()
+foreach(name IN LISTS bundled)
+  execute_process(COMMAND "${CMAKE_COMMAND}" -E compare_files "${SAMPLES}/${name}" "${OUT}/${name}"
+                  RESULT_VARIABLE differs)
+  if(differs)
+    message(FATAL_ERROR "samples/${name} is not what tellux-make-samples makes")
+  endif()
+endforeach()
