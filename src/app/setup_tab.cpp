@@ -59,6 +59,8 @@ void SetupTab::set_captions() {
   Frame8.Caption =
       t("Choix des couleurs de résisitivité", "Colores de resistividades", "Resistivity colors");
   Label5.Caption = t("Décimales épaisseurs", "Decimalas espessores", "Decimals thickness");
+  ArrayFrame.Caption = t("Dispositif", "Dispositivo", "Array");
+  Command11.Caption = t("Redessiner", "Redibujar", "Redraw");
   represent_modele.Caption =
       t("Représentation graphique du modèle", "Representación gráfica del modelo",
         "Graphic representation of model");

@@ -32,6 +32,7 @@ class SetupTab {
   ColourSample Picture1, Picture2, Picture3, Picture4, Picture5;
   TextBox Text16;  // sample of the superposed colour
   Label Frame10, Frame7, Frame8, Label5;
+  Label ArrayFrame;  // the frame around the array buttons
 
   // Fills the tab from the record at start-up.
   void Load_parameter();

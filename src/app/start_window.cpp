@@ -5,6 +5,9 @@
 namespace tellux {
 
 void StartWindow::set_captions() {
+  Subtitle.Caption =
+      session_.text("Sondages électriques verticaux", "Sondeos eléctricos verticales",
+                    "Vertical electrical soundings");
   Command2.Caption = session_.text("Nouveau sondage", "Empezar nuevo SEV", "Start a new VES");
   Command4.Caption = session_.text("Ouvrir un fichier", "Cargar un fichero", "Open a Tellux file");
   Command3.Caption = session_.text("Ouvrir le dernier fichier", "Cargar el ultimo fichero",

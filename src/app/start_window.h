@@ -16,6 +16,7 @@ class StartWindow {
   Button Command4;  // open a sounding file
   Button Command3;  // open the last file
   Button Command5;  // read the manual
+  Label Subtitle;   // what the program is for, under its name
   bool visible = false;
 
   // Captions by the language flags: French, else Spanish, else English (German too).

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QScreen>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QToolBar>
@@ -62,7 +63,11 @@ MainWindow::MainWindow(Application& app, QtDrawingSurface& bilog, QtForms& forms
   setWindowTitle(QString::fromUtf8(kProgramTitle));
   setWindowIcon(program_icon());
   setMinimumSize(kMinFormWidth / kTwipsPerPixel, kMinFormHeight / kTwipsPerPixel);
-  resize(1000, 740);
+  // 1000 x 740 where the screen has room; never more than the screen's free area.
+  QSize size(1000, 740);
+  if (const QScreen* screen = QGuiApplication::primaryScreen())
+    size = size.boundedTo(screen->availableGeometry().size()).expandedTo(minimumSize());
+  resize(size);
   if (dialogs) dialogs->set_parent(this);
 
   build_menu();

@@ -6,6 +6,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -243,6 +244,10 @@ void ProfileWidget::run(const std::function<void()>& action) {
 
 void ProfileWidget::refresh() {
   refreshing_ = true;
+  // A column is never narrower than its header ("Max. depth").
+  QHeaderView* header = grid_->horizontalHeader();
+  for (int c = 0; c < header->count(); ++c)
+    grid_->setColumnWidth(c, std::max(grid_->columnWidth(c), header->sectionSizeHint(c)));
   for (const auto& [edit, model] : boxes_)
     if (edit->text() != q(model->Text)) edit->setText(q(model->Text));
   for (const auto& [check, model] : checks_) check->setChecked(model->Value == 1);

@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollArea>
 #include <QStandardItemModel>
 #include <QVBoxLayout>
 
@@ -104,7 +105,8 @@ SetupWidget::SetupWidget(SetupTab& tab, QWidget* parent) : QWidget(parent), tab_
   steps_ = check("represent_modele", tab_.represent_modele);
   errors_ = check("RMSB", tab_.RMSB);
   keep_ = check("garder_config", tab_.garder_config);
-  auto* arrays = new QGroupBox(QStringLiteral("Array"));
+  arrays_ = new QGroupBox;
+  QGroupBox* arrays = arrays_;
   auto* array_row = new QHBoxLayout(arrays);
   option_group_ = new QButtonGroup(this);
   for (int i = 0; i < 3; ++i) {
@@ -126,8 +128,9 @@ SetupWidget::SetupWidget(SetupTab& tab, QWidget* parent) : QWidget(parent), tab_
   options->addStretch(1);
 
   // Colours: each button opens the colour dialog, its sample shows the colour.
-  auto* colours = new QGroupBox(QStringLiteral("Colors"));
-  colours->setObjectName(QStringLiteral("Colours"));
+  colours_ = new QGroupBox;
+  colours_->setObjectName(QStringLiteral("Frame8"));
+  QGroupBox* colours = colours_;
   auto* colour_grid = new QVBoxLayout(colours);
   picture1_ = make_sample("Picture1");
   picture2_ = make_sample("Picture2");
@@ -150,19 +153,29 @@ SetupWidget::SetupWidget(SetupTab& tab, QWidget* parent) : QWidget(parent), tab_
   picture4_->installEventFilter(this);
   picture5_->installEventFilter(this);
 
-  redraw_ = new QPushButton(QStringLiteral("Redraw"));
+  redraw_ = new QPushButton;
   redraw_->setObjectName(QStringLiteral("Command11"));
   redraw_->setMinimumHeight(32);
   connect(redraw_, &QPushButton::clicked, this,
           [this] { run([this] { tab_.Command11_Click(); }); });
 
-  auto* grid = new QGridLayout(this);
+  // Ranges over options in one column, the colours beside them; on a small screen the tab
+  // scrolls rather than cut a caption.
+  auto* inner = new QWidget;
+  auto* grid = new QGridLayout(inner);
   grid->addWidget(frame7_, 0, 0);
-  grid->addWidget(frame10_, 0, 1);
-  grid->addWidget(colours, 0, 2, 2, 1);
-  grid->addWidget(redraw_, 1, 0, 1, 2, Qt::AlignLeft | Qt::AlignTop);
-  grid->setRowStretch(2, 1);
-  grid->setColumnStretch(3, 1);
+  grid->addWidget(frame10_, 1, 0);
+  grid->addWidget(redraw_, 2, 0, Qt::AlignLeft | Qt::AlignTop);
+  grid->addWidget(colours, 0, 1, 2, 1, Qt::AlignTop);
+  grid->setRowStretch(3, 1);
+  grid->setColumnStretch(2, 1);
+  auto* scroll = new QScrollArea;
+  scroll->setWidget(inner);
+  scroll->setWidgetResizable(true);
+  scroll->setFrameShape(QFrame::NoFrame);
+  auto* outer = new QVBoxLayout(this);
+  outer->setContentsMargins(0, 0, 0, 0);
+  outer->addWidget(scroll);
   refresh();
 }
 
@@ -209,6 +222,9 @@ void SetupWidget::refresh() {
   for (int i = 0; i < 3; ++i) options_[static_cast<size_t>(i)]->setChecked(tab_.Options.is_set(i));
   frame10_->setTitle(q(tab_.Frame10.Caption));
   frame7_->setTitle(q(tab_.Frame7.Caption));
+  colours_->setTitle(q(tab_.Frame8.Caption));
+  arrays_->setTitle(q(tab_.ArrayFrame.Caption));
+  redraw_->setText(q(tab_.Command11.Caption));
   label5_->setText(q(tab_.Label5.Caption));
   for (auto& [push, model] : colour_buttons_) {
     push->setText(q(model->Caption));

@@ -22,7 +22,8 @@ SplashWindow::SplashWindow(StartWindow& logic, QWidget* parent) : QDialog(parent
   big.setPointSizeF(big.pointSizeF() * 2.2);
   big.setBold(true);
   name->setFont(big);
-  auto* what = new QLabel(QStringLiteral("Vertical electrical soundings"));
+  subtitle_ = new QLabel;
+  QLabel* what = subtitle_;
   auto* heading_text = new QVBoxLayout;
   heading_text->addWidget(name);
   heading_text->addWidget(what);
@@ -73,6 +74,7 @@ void SplashWindow::refresh() {
                                                           {command3_, &logic_.Command3},
                                                           {command4_, &logic_.Command4},
                                                           {command5_, &logic_.Command5}};
+  subtitle_->setText(QString::fromStdString(logic_.Subtitle.Caption));
   for (const auto& [push, model] : pairs) {
     push->setText(QString::fromStdString(model->Caption));
     push->setEnabled(model->Enabled);

@@ -4,6 +4,7 @@
 
 #include "app/start_window.h"
 
+class QLabel;
 class QPushButton;
 
 namespace tellux {
@@ -24,6 +25,7 @@ class SplashWindow : public QDialog {
 
   StartWindow& logic_;
   QPushButton *command2_, *command3_, *command4_, *command5_;
+  QLabel* subtitle_;
 };
 
 }  // namespace tellux

@@ -84,6 +84,7 @@ TEST_F(MainFormTest, StartWindowCaptionsFollowTheLanguageAndGermanStandsInEnglis
   for (const auto& [letter, caption] : cases) {
     started(std::string("[Tellux]\r\nLangue=") + letter + "\r\n");
     EXPECT_EQ(app->frmSplash.Command2.Caption, caption) << letter;
+    EXPECT_EQ(app->frmSplash.Subtitle.Caption == "Vertical electrical soundings", *letter == 'A');
     EXPECT_EQ(app->main.Combo6.Text(), language_name(letter));
   }
 }

@@ -88,6 +88,7 @@ TEST_F(SetupTabTest, LoadParameterSetsTheListsFromTheExponents) {
   EXPECT_EQ(tab.represent_modele.Value, 0);
   EXPECT_EQ(s.Spread, SpreadType::Wenner);
   EXPECT_EQ(tab.garder_config.Caption, "Garder la configuration en sortant");
+  EXPECT_EQ(tab.Command11.Caption, "Redessiner");
   use_language('S');
   tab.Load_parameter();
   EXPECT_EQ(tab.Label5.Caption, "Decimalas espessores");
