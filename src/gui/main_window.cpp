@@ -109,6 +109,8 @@ MainWindow::MainWindow(Application& app, QtDrawingSurface& bilog, QtForms& forms
   wire_forms();
   model_view_ = make_model_window_view(app_.model, this);
   model_view_->on_action = [this] { refresh(); };
+  model_view_->set_dock(bilog_page_);
+  model_view_->on_dock_changed = [this] { apply_layout(); };
   connect_model_window(forms_, app_.model, *model_view_);
 }
 
@@ -360,11 +362,17 @@ void MainWindow::apply_layout() {
 
   const int bar = tabs_->tabBar()->sizeHint().height();
   const int page_h = tab_h - bar - 4;
-  const int bilog_w = std::min(l.bilog_width / kTwipsPerPixel, tab_w - 4);
+  // The model window, docked where the screen had no room beside, takes the diagram's right edge.
+  const bool docked = model_view_ && model_view_->docked() && model_view_->isVisible();
+  if (docked) model_view_->layout()->activate();
+  const int dock_w = docked ? model_view_->sizeHint().width() : 0;
+  const int bilog_w =
+      std::min(l.bilog_width / kTwipsPerPixel, tab_w - 4 - (docked ? dock_w + 6 : 0));
   const int status_h = text1_->sizeHint().height();
   const int bilog_h = std::min(l.bilog_height / kTwipsPerPixel, page_h - status_h - 10);
-  const int x = std::max(0, (tab_w - 4 - bilog_w) / 2);
+  const int x = docked ? 2 : std::max(0, (tab_w - 4 - bilog_w) / 2);
   bilog_->setGeometry(x, 4, bilog_w, bilog_h);
+  if (docked) model_view_->setGeometry(x + bilog_w + 6, 4, dock_w, page_h - 8);
   const int y = 4 + bilog_h + 4;
   const int text1_w = bilog_w * 34 / 100, name_w = bilog_w * 36 / 100, text3_w = bilog_w * 12 / 100;
   const int gap = 4;

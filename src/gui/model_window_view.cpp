@@ -15,7 +15,9 @@
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QSlider>
+#include <QStyle>
 #include <QTableWidget>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "gui/qt_forms.h"
@@ -70,12 +72,31 @@ int key_code_of(int qt_key, Qt::KeyboardModifiers modifiers) {
   return 255;
 }
 
+// A tool window without a minimise button: minimising it would take the main window along.
+constexpr Qt::WindowFlags kFloating =
+    Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint;
+
 ModelWindowView::ModelWindowView(ModelWindow& window, QWidget* parent)
-    : QWidget(parent, Qt::Tool), window_(window) {
+    : QWidget(parent, kFloating), window_(window) {
   setObjectName(QStringLiteral("model"));
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(6, 6, 6, 6);
   layout->setSpacing(4);
+
+  // Docked, the window has no title bar of its own: a row with its caption and a close key.
+  dock_bar_ = new QWidget;
+  auto* bar = new QHBoxLayout(dock_bar_);
+  bar->setContentsMargins(0, 0, 0, 0);
+  dock_title_ = new QLabel;
+  auto* close_key = new QToolButton;
+  close_key->setObjectName(QStringLiteral("DockClose"));
+  close_key->setIcon(style()->standardIcon(QStyle::SP_TitleBarCloseButton));
+  close_key->setAutoRaise(true);
+  connect(close_key, &QToolButton::clicked, this, [this] { close(); });
+  bar->addWidget(dock_title_, 1);
+  bar->addWidget(close_key);
+  dock_bar_->hide();
+  layout->addWidget(dock_bar_);
 
   grid_ = new QTableWidget(kLayerRows, window_.Grid1.cols(), this);
   grid_->setObjectName(QStringLiteral("Grid1"));
@@ -135,14 +156,19 @@ ModelWindowView::ModelWindowView(ModelWindow& window, QWidget* parent)
   });
   overlay->addWidget(check18_);
   overlay->addStretch();
-  overlay->addWidget(make_button(window_.lastone, &ModelWindow::lastone_Click));
+  // The arrow keys stay narrow so that the box's caption is never cut.
+  QPushButton* last = make_button(window_.lastone, &ModelWindow::lastone_Click);
+  last->setMaximumWidth(48);
+  overlay->addWidget(last);
   grid2_ = new QLabel(this);
   grid2_->setObjectName(QStringLiteral("Grid2"));
   grid2_->setFrameShape(QFrame::Box);
   grid2_->setAlignment(Qt::AlignCenter);
   grid2_->setMinimumWidth(32);
   overlay->addWidget(grid2_);
-  overlay->addWidget(make_button(window_.nextone, &ModelWindow::nextone_Click));
+  QPushButton* next = make_button(window_.nextone, &ModelWindow::nextone_Click);
+  next->setMaximumWidth(48);
+  overlay->addWidget(next);
   layout->addLayout(overlay);
 
   auto* buttons = new QGridLayout;
@@ -217,6 +243,7 @@ void ModelWindowView::refresh() {
   refreshing_ = true;
   const GridModel& g = window_.Grid1;
   setWindowTitle(q(window_.Caption));
+  dock_title_->setText(q(window_.Caption));
   QStringList heads;
   for (int c = 0; c < g.cols(); ++c) heads << q(g.text(0, c));
   grid_->setHorizontalHeaderLabels(heads);
@@ -281,22 +308,46 @@ void ModelWindowView::closeEvent(QCloseEvent* event) {
   QWidget::closeEvent(event);
 }
 
+void ModelWindowView::float_over(QWidget* owner) {
+  if (!docked_) return;
+  docked_ = false;
+  setParent(owner, kFloating);
+  dock_bar_->hide();
+}
+
 void ModelWindowView::show_beside_parent() {
-  QWidget* owner = parentWidget();
-  QPoint place(pixels(ModelWindow::kLeft), pixels(ModelWindow::kTop));
-  place = owner ? owner->mapToGlobal(place) : place;
-  // Where the screen has room beside the main window, the window stands there and hides nothing
-  // of the tabs; otherwise at its laid-out place over the right of the diagram.
-  if (owner && !isVisible()) {
-    const QRect frame = owner->frameGeometry();
-    const QScreen* screen = owner->screen();
-    const QPoint beside(frame.right() + 8, place.y());
-    if (screen && beside.x() + sizeHint().width() <= screen->availableGeometry().right())
-      place = beside;
+  if (!isVisible()) {
+    QWidget* owner = dock_ ? dock_->window() : parentWidget();
+    const QRect frame = owner ? owner->frameGeometry() : QRect();
+    const QScreen* screen = owner ? owner->screen() : nullptr;
+    const QPoint beside(frame.right() + 8, frame.top() + pixels(ModelWindow::kTop));
+    const bool room =
+        screen && beside.x() + sizeHint().width() <= screen->availableGeometry().right();
+    if (room) {
+      // A window of its own beside the main window: it hides nothing of the tabs.
+      float_over(owner);
+      move(beside);
+    } else if (dock_ && !docked_) {
+      // No room: docked at the right edge of the diagram, which narrows, rather than over it.
+      docked_ = true;
+      setParent(dock_, Qt::Widget);
+      dock_bar_->show();
+    } else if (!dock_ && owner) {
+      move(owner->mapToGlobal(QPoint(pixels(ModelWindow::kLeft), pixels(ModelWindow::kTop))));
+    }
   }
-  if (!isVisible()) move(place);
   show();
   raise();
+}
+
+void ModelWindowView::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  if (docked_ && on_dock_changed) on_dock_changed();
+}
+
+void ModelWindowView::hideEvent(QHideEvent* event) {
+  QWidget::hideEvent(event);
+  if (docked_ && on_dock_changed) on_dock_changed();
 }
 
 std::unique_ptr<ModelWindowView> make_model_window_view(ModelWindow& window, QWidget* parent) {
@@ -309,6 +360,8 @@ void connect_model_window(QtForms& forms, ModelWindow& window, ModelWindowView& 
     // A window already open is only brought to the front, as a shown form is not loaded again.
     if (!window.loaded()) window.Form_Load();
     view.refresh();
+    // The captions are in now: a docked window takes the width they need.
+    if (view.docked() && view.on_dock_changed) view.on_dock_changed();
   };
   forms.on_unload_model_window = [&window, &view] {
     window.Form_Unload();

@@ -28,8 +28,13 @@ class ModelWindowView : public QWidget, public ModelWindowDisplay {
 
   // Shows the models again: grid texts and colours, the current cell, captions and controls.
   void refresh();
-  // Shows the window at its place beside the diagram.
+  // Shows the window beside the main window where the screen has room for it; otherwise it docks
+  // in `dock` (the diagram's page), whose owner makes room for it at the right edge.
   void show_beside_parent();
+  void set_dock(QWidget* dock) { dock_ = dock; }
+  bool docked() const { return docked_; }
+  // The docked window was shown or hidden: the page is to be laid out again.
+  std::function<void()> on_dock_changed;
 
   // ModelWindowDisplay
   void changed() override { refresh(); }
@@ -47,11 +52,14 @@ class ModelWindowView : public QWidget, public ModelWindowDisplay {
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
 
  private:
   QPushButton* make_button(Button& model, void (ModelWindow::*click)());
   void run(void (ModelWindow::*action)());
   void forward_key(int key, Qt::KeyboardModifiers modifiers);
+  void float_over(QWidget* owner);
 
   ModelWindow& window_;
   QTableWidget* grid_ = nullptr;
@@ -63,6 +71,10 @@ class ModelWindowView : public QWidget, public ModelWindowDisplay {
   QGroupBox* frame1_ = nullptr;
   QLineEdit* comment_ = nullptr;
   bool refreshing_ = false;
+  QWidget* dock_ = nullptr;
+  QWidget* dock_bar_ = nullptr;
+  QLabel* dock_title_ = nullptr;
+  bool docked_ = false;
 };
 
 // The view of `window`, a tool window of `parent` (the main window).
