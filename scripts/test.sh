@@ -15,3 +15,5 @@ for preset in ci ci-asan; do
   # Only failures and the summary: passing tests say nothing.
   ctest --preset "$preset" -j2 | grep -v -E '^ *(Start +[0-9]+:|[0-9]+/[0-9]+ Test +#[0-9]+: .* Passed)'
 done
+# The tests stay a third of the code at most.
+scripts/test-share.sh
