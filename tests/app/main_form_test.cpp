@@ -117,9 +117,9 @@ TEST_F(MainFormTest, ASecondCopyIsRefusedBeforeTheSettingsAreRead) {
 }
 
 TEST_F(MainFormTest, RecentFilesGetTheirMenuCaptions) {
-  started("[File]\r\nFile 1=/data/a.TX3\r\nFile 2=/data/b.TX3\r\n");
+  started("[File]\r\nFile 1=/data/a.TX3\r\nFile 5=/data/e.TX3\r\n");
   EXPECT_EQ(forms.recent_captions[1], "&1 /data/a.TX3");
-  EXPECT_EQ(forms.recent_captions[2], "&2 /data/b.TX3");
+  EXPECT_EQ(forms.recent_captions[5], "&5 /data/e.TX3");
 }
 
 TEST_F(MainFormTest, ToolbarOpenReadsTheFileAndNewEmptiesTheSounding) {

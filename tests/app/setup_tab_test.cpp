@@ -82,6 +82,7 @@ TEST_F(SetupTabTest, LoadParameterSetsTheListsFromTheExponents) {
   EXPECT_EQ(s.HalfArray, 1);
   EXPECT_EQ(tab.Combo1.Text(), "       0.1");
   EXPECT_EQ(tab.Combo2.Text(), "    1000");
+  EXPECT_EQ(tab.Combo3.Text(), "      0.01");
   EXPECT_EQ(tab.Combo4.Text(), "1000000");
   EXPECT_EQ(tab.Combo5.Text(), "     Auto");
   EXPECT_EQ(s.ThicknessDecimals, 0);  // Auto at each start

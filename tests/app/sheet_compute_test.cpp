@@ -10,7 +10,9 @@ using Compute = SheetTest;
 TEST_F(Compute, SchlumbergerRowGetsRoundedKAndResistivity) {
   put_row(1, {"0.5", "1.5", "500", "100", "", ""});
   put_row(2, {"10", "100", "20", "100", "", ""});
+  put_row(3, {"10", "100", "0.2", "2", "", ""});  // small readings are readings too
   sheet.Compute();
+  EXPECT_DOUBLE_EQ(table(3, 2), 156);  // 1555 x 0.2 / 2, half to even
   // K = (2 x 1) / 1 x 3.1416 = 6.2832: two decimals below 100.
   EXPECT_DOUBLE_EQ(table(1, 5), 6.28);
   EXPECT_DOUBLE_EQ(table(1, 2), 31.4);  // 6.28 x 500 / 100, tenths from 10 up
@@ -19,7 +21,7 @@ TEST_F(Compute, SchlumbergerRowGetsRoundedKAndResistivity) {
   // K = 110 x 90 / 20 x 3.1416 = 1555.092: whole from 100 up.
   EXPECT_DOUBLE_EQ(table(2, 5), 1555);
   EXPECT_DOUBLE_EQ(table(2, 2), 311);
-  EXPECT_EQ(s.FieldCount, 2);
+  EXPECT_EQ(s.FieldCount, 3);
   EXPECT_EQ(s.MaxAbHalf, 100);
 }
 
