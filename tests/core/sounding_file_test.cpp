@@ -1,6 +1,7 @@
 #include "core/sounding_file.h"
 
 #include <filesystem>
+#include <tuple>
 
 #include "session_fixture.h"
 
@@ -22,6 +23,13 @@ std::string twelve_rows_tx3() {
   return f;
 }
 
+// Columns 1 to 6 of a field row.
+std::vector<float> row(const SoundingState& s, int r) {
+  std::vector<float> v;
+  for (int c = 1; c <= 6; ++c) v.push_back(static_cast<float>(s.FieldTable(r, c).num()));
+  return v;
+}
+
 class SoundingFileTest : public SessionTest {
  protected:
   bool open(const std::string& name, int16_t level = 3) {
@@ -36,25 +44,15 @@ TEST_F(SoundingFileTest, ReadsTheCurrentLayoutWithItsScales) {
   write("a.TX3", twelve_rows_tx3());
   ASSERT_TRUE(open("a.TX3"));
   EXPECT_TRUE(dialogs.messages.empty());
-  EXPECT_EQ(s.FormatLevel, 5);
-  EXPECT_EQ(s.ResistScale, 100);
-  EXPECT_EQ(s.FieldCount, 12);
-  EXPECT_FLOAT_EQ(s.FieldTable(1, 1), 10.0f);
-  EXPECT_FLOAT_EQ(s.FieldTable(2, 1), 15.0f);
-  EXPECT_FLOAT_EQ(s.FieldTable(2, 2), 101.5f);
-  EXPECT_FLOAT_EQ(s.FieldTable(2, 3), 0.5f);
-  EXPECT_FLOAT_EQ(s.FieldTable(2, 4), 123.4f);
-  EXPECT_FLOAT_EQ(s.FieldTable(2, 5), 43.2f);
-  EXPECT_FLOAT_EQ(s.FieldTable(2, 6), 100.0f);
+  EXPECT_EQ(std::tuple(s.FormatLevel, s.ResistScale, s.FieldCount, s.MaxAbHalf),
+            std::tuple(5, 100, 12, 400));
+  EXPECT_EQ(row(s, 2), (std::vector<float>{15, 101.5f, 0.5f, 123.4f, 43.2f, 100}));
   EXPECT_EQ(s.FieldTable(2, 7).num(), s.FieldTable(2, 2).num());
   EXPECT_EQ(s.FieldTable(2, 1).kind(), rt::Kind::Single);
-  EXPECT_EQ(s.MaxAbHalf, 400);
-  EXPECT_DOUBLE_EQ(s.LayerModel(2, 1), 50.0);
-  EXPECT_DOUBLE_EQ(s.LayerModel(2, 2), 10.0);
-  EXPECT_DOUBLE_EQ(s.LayerModel(3, 3), 12.0);
-  EXPECT_EQ(s.CommentText, "comment");
-  EXPECT_EQ(s.GraphTitle, "title");
-  EXPECT_EQ(s.LocationAzimuth, "45");
+  EXPECT_EQ(
+      std::tuple(s.LayerModel(2, 1).num(), s.LayerModel(2, 2).num(), s.LayerModel(3, 3).num()),
+      std::tuple(50.0, 10.0, 12.0));
+  EXPECT_EQ(s.CommentText + "|" + s.GraphTitle + "|" + s.LocationAzimuth, "comment|title|45");
   EXPECT_TRUE(s.ModelOutdated);
   EXPECT_EQ(s.ModelComputed, 0);
   EXPECT_DOUBLE_EQ(s.ModelSensitivity, 0.3);
@@ -66,16 +64,12 @@ TEST_F(SoundingFileTest, OlderLayoutsDivideByTheirOwnScales) {
   for (int r = 1; r <= 20; ++r) no_layers += "0,0,0\r\n";
   write("b.TX3", "1\r\n100,1000,50,100,500,10\r\n" + no_layers);
   open("b.TX3");
-  EXPECT_EQ(s.FormatLevel, 3);
-  EXPECT_FLOAT_EQ(s.FieldTable(1, 2), 100.0f);
-  EXPECT_FLOAT_EQ(s.FieldTable(1, 3), 5.0f);
-  EXPECT_EQ(s.ResistScale, 10);
+  EXPECT_EQ(std::pair(s.FormatLevel, s.ResistScale), std::pair(int16_t{3}, int16_t{10}));
+  EXPECT_EQ(row(s, 1), (std::vector<float>{10, 100, 5, 10, 5, 10}));
   // Another fraction: MN/2 by 100, the rest as level 3.
   write("c.TX3", "1.3\r\n100,1000,50,100,500,10\r\n" + no_layers);
   open("c.TX3");
-  EXPECT_EQ(s.FormatLevel, 3);
-  EXPECT_FLOAT_EQ(s.FieldTable(1, 2), 100.0f);
-  EXPECT_FLOAT_EQ(s.FieldTable(1, 3), 0.5f);
+  EXPECT_EQ(row(s, 1), (std::vector<float>{10, 100, 0.5f, 10, 5, 10}));
   // TXW: DeltaV by 1000, I by 100, resistivity as it stands, ten layer rows.
   std::string txw = "1\r\n100,1000,50,100,500,10\r\n";
   for (int r = 1; r <= 10; ++r) txw += std::to_string(r * 10) + ",100,0\r\n";
@@ -84,9 +78,7 @@ TEST_F(SoundingFileTest, OlderLayoutsDivideByTheirOwnScales) {
   s.LayerModel(11, 1) = 99.0;
   open("d.TXW", 2);
   EXPECT_EQ(s.FormatLevel, 2);
-  EXPECT_FLOAT_EQ(s.FieldTable(1, 2), 1000.0f);
-  EXPECT_FLOAT_EQ(s.FieldTable(1, 4), 0.1f);
-  EXPECT_FLOAT_EQ(s.FieldTable(1, 6), 0.1f);
+  EXPECT_EQ(row(s, 1), (std::vector<float>{10, 1000, 0.5f, 0.1f, 5, 0.1f}));
   EXPECT_DOUBLE_EQ(s.LayerModel(10, 1), 100.0);
   EXPECT_TRUE(s.LayerModel(11, 1).empty());  // rows 11 to 20 stay empty
   EXPECT_EQ(s.CommentText, "only comment");
@@ -135,12 +127,10 @@ TEST_F(SoundingFileTest, EachReadKeepsThePreviousModelAndNeverLowersMaxAbHalf) {
   s.LayerModel(1, 2) = 3.0;
   s.LayerCount = 1;
   open("a.TX3");
-  EXPECT_EQ(s.HistoryLast, 1);
-  EXPECT_EQ(s.HistoryShown, 1);
-  EXPECT_DOUBLE_EQ(s.LayerHistory[1](1, 1), 7.0);
-  EXPECT_DOUBLE_EQ(s.LayerHistory[1](1, 2), 3.0);
-  EXPECT_EQ(s.HistoryCounts[1], 1);
-  EXPECT_EQ(s.OverlayHold, 1);
+  EXPECT_EQ(std::tuple(s.HistoryLast, s.HistoryShown, s.HistoryCounts[1], s.OverlayHold),
+            std::tuple(1, 1, 1, 1));
+  EXPECT_EQ(std::pair(s.LayerHistory[1](1, 1).num(), s.LayerHistory[1](1, 2).num()),
+            std::pair(7.0, 3.0));
   open("short.TX3");
   EXPECT_EQ(s.MaxAbHalf, 400);  // the longer sounding's spacing stands until the next Compute
   EXPECT_DOUBLE_EQ(s.LayerHistory[2](2, 1), 50.0);
@@ -169,10 +159,8 @@ TEST_F(SoundingFileTest, DamagedFilesKeepWhatWasReadAndSayReadingFileError) {
     s.FieldTable.erase();
     write(c.name, c.content);
     EXPECT_FALSE(open(c.name)) << c.name;
-    ASSERT_EQ(dialogs.messages.size(), 1u) << c.name;
-    EXPECT_EQ(dialogs.messages[0].text, "Reading File Error...");
+    ASSERT_EQ(dialogs.texts(), std::vector<std::string>{"Reading File Error..."}) << c.name;
     EXPECT_EQ(dialogs.messages[0].icon, Icon::Exclamation);
-    EXPECT_EQ(dialogs.messages[0].title, "Tellux 6.4");
     EXPECT_TRUE(s.ModelOutdated);
     for (int i = 1; i <= c.rows_kept; ++i) EXPECT_GT(s.FieldTable(i, 1).num(), 0) << c.name << i;
   }
@@ -239,15 +227,11 @@ TEST_F(WriteTest, WritesTheFormatAndReadsBackTheSameRecord) {
   Session other{back, dialogs, forms};
   back.FileName = "w.TX3";
   read_sounding_file(other, p);
-  EXPECT_FLOAT_EQ(back.FieldTable(1, 1), 1.5f);
-  EXPECT_FLOAT_EQ(back.FieldTable(1, 2), 123.46f);
-  EXPECT_FLOAT_EQ(back.FieldTable(1, 5), 123456.8f);
-  EXPECT_FLOAT_EQ(back.FieldTable(1, 6), 12.f);
+  EXPECT_EQ(row(back, 1), (std::vector<float>{1.5f, 123.46f, 0.5f, 12.3f, 123456.8f, 12}));
   EXPECT_FLOAT_EQ(back.FieldTable(2, 6), 14.f);
-  EXPECT_DOUBLE_EQ(back.LayerModel(2, 1), 10.0);
-  EXPECT_DOUBLE_EQ(back.LayerModel(1, 2), 2.5);
-  EXPECT_EQ(back.CommentText, "été");
-  EXPECT_EQ(back.DataOrigin, "PASI");
+  EXPECT_EQ(std::pair(back.LayerModel(2, 1).num(), back.LayerModel(1, 2).num()),
+            std::pair(10.0, 2.5));
+  EXPECT_EQ(back.CommentText + "|" + back.DataOrigin, "été|PASI");
   // The writer's own results: caption, mode at rest, the recent-file head.
   EXPECT_EQ(forms.caption, "Tellux [" + p + "]");
   EXPECT_EQ(s.WorkMode, "");
@@ -260,14 +244,13 @@ TEST_F(WriteTest, AsksFirstAndOffersTheDialogOnNo) {
   dialogs.answers = {Answer::No};
   dialogs.save_choices = {path("renamed.dat")};
   ASSERT_TRUE(write_sounding_file(session, p));
-  ASSERT_EQ(dialogs.messages.size(), 1u);
-  EXPECT_EQ(dialogs.messages[0].text, "Recording File " + path("old.TX3"));
-  EXPECT_EQ(dialogs.messages[0].buttons, Buttons::YesNo);
-  EXPECT_EQ(dialogs.messages[0].icon, Icon::Question);
+  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Recording File " + path("old.TX3")});
+  EXPECT_EQ(std::pair(dialogs.messages[0].buttons, dialogs.messages[0].icon),
+            std::pair(Buttons::YesNo, Icon::Question));
   ASSERT_EQ(dialogs.file_requests.size(), 1u);
-  EXPECT_EQ(dialogs.file_requests[0].filter, "File Tellux (*.TX3)|*.TX3");
-  EXPECT_EQ(dialogs.file_requests[0].title, "Record TELLUX File");
-  EXPECT_TRUE(dialogs.file_requests[0].overwrite_prompt);
+  const FileDialogRequest& asked = dialogs.file_requests[0];
+  EXPECT_EQ(asked.filter + "|" + asked.title, "File Tellux (*.TX3)|*.TX3|Record TELLUX File");
+  EXPECT_TRUE(asked.overwrite_prompt);
   EXPECT_EQ(p, path("renamed.TX3"));
   EXPECT_EQ(s.FileName, "renamed.TX3");
   EXPECT_EQ(s.FileDir, (dir_ / "").string());
@@ -303,11 +286,9 @@ TEST_F(WriteTest, AFailedWriteStartsAgainAndKeepsTheOldFile) {
   dialogs.answers = {Answer::Yes, Answer::No};
   dialogs.save_choices = {path("good.TX3")};
   ASSERT_TRUE(write_sounding_file(session, p));
-  const auto texts = dialogs.texts();
-  ASSERT_EQ(texts.size(), 3u);
-  EXPECT_EQ(texts[0], "Recording File " + path("missing/x.TX3"));
-  EXPECT_EQ(texts[1], "No such disk or directory...");
-  EXPECT_EQ(texts[2], "Recording File " + path("missing/x.TX3"));
+  const std::string asked = "Recording File " + path("missing/x.TX3");
+  EXPECT_EQ(dialogs.texts(),
+            (std::vector<std::string>{asked, "No such disk or directory...", asked}));
   EXPECT_EQ(p, path("good.TX3"));
 
   // A write-protected file: its message, and its content untouched.
