@@ -14,6 +14,7 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "gui/extraction_dialog.h"
 #include "gui/grid_view.h"
 #include "gui/profile_widget.h"
 #include "gui/setup_widget.h"
@@ -165,7 +166,8 @@ void MainWindow::build_menu() {
   add(file, "NewFile", "&New File/Nouveau fichier", [&main] { main.NewFile_Click(); });
   add(file, "NFile", "Read/&Lecture ", [&main] { main.NFile_Click(); });
   add(file, "NRecord", "&Save/EnRegistre ", [&main] { main.NRecord_Click(); });
-  add(file, "HORSLICE", "Extraction for SURFER", nullptr);
+  add(file, "HORSLICE", "Extraction for SURFER",
+      [this] { HORSLICE(app_.session, show_extraction_form); });
   add(file, "xlsave", "Save for &XL", nullptr);
   QMenu* convert = file->addMenu(QStringLiteral("&Conversions"));
   convert->setObjectName(QStringLiteral("Nconvert"));

@@ -10,6 +10,7 @@
 
 #include "app/application.h"
 #include "gui/bilog_widget.h"
+#include "gui/extraction_dialog.h"
 #include "gui/model_window_view.h"
 #include "gui/qt_forms.h"
 #include "platform/qt/qt_dialogs.h"
@@ -43,6 +44,10 @@ class MainWindow : public QMainWindow {
   bool start();
   // Shows the models again.
   void refresh();
+  // The form of the extraction for contouring; tests answer it themselves.
+  std::function<void(ExtractionForm&)> show_extraction_form = [this](ExtractionForm& form) {
+    show_extraction_dialog(form, this);
+  };
 
   // The program ended (after leaving was confirmed); by default nothing more happens.
   std::function<void()> on_end;
