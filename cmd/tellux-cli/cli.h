@@ -59,6 +59,7 @@ Command compute_command(CLI::App& root);
 Command profile_command(CLI::App& root);
 Command colours_command(CLI::App& root);
 Command extract_command(CLI::App& root);
+Command report_command(CLI::App& root);
 
 // Options several commands take; each adds the option and its help, with its default.
 void add_array_option(CLI::App* app, std::string& array);
