@@ -16,6 +16,7 @@
 
 #include "gui/extraction_dialog.h"
 #include "gui/grid_view.h"
+#include "gui/print_widget.h"
 #include "gui/profile_widget.h"
 #include "gui/setup_widget.h"
 #include "gui/sheet_widget.h"
@@ -84,8 +85,9 @@ MainWindow::MainWindow(Application& app, QtDrawingSurface& bilog, QtForms& forms
   profile_ = new ProfileWidget(app_.profile, app_.main.SEV_Grid, app_.main.settings_path());
   tabs_->addTab(build_bilog_page(), QString::fromUtf8(kTabCaptions[0]));
   tabs_->addTab(sheet_, QString::fromUtf8(kTabCaptions[1]));
-  tabs_->addTab(placeholder(QStringLiteral("The report preview comes in a later version.")),
-                QString::fromUtf8(kTabCaptions[2]));
+  print_ = new PrintWidget(app_.print, app_.VSPrint);
+  print_->on_changed = [this] { refresh(); };
+  tabs_->addTab(print_, QString::fromUtf8(kTabCaptions[2]));
   tabs_->addTab(setup_, QString::fromUtf8(kTabCaptions[3]));
   tabs_->addTab(profile_, QString::fromUtf8(kTabCaptions[4]));
   tabs_->addTab(placeholder(QStringLiteral("The profile drawing comes in a later version.")),
@@ -346,6 +348,7 @@ void MainWindow::refresh() {
   sheet_->refresh();
   setup_->refresh();
   profile_->refresh();
+  print_->refresh();
   splash_->refresh();
   if (!app_.frmSplash.visible && splash_->isVisible()) splash_->hide();
   bilog_->update();

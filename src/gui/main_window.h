@@ -24,6 +24,7 @@ class QToolBar;
 namespace tellux {
 
 class GridView;
+class PrintWidget;
 class ProfileWidget;
 class SetupWidget;
 class SheetWidget;
@@ -58,6 +59,7 @@ class MainWindow : public QMainWindow {
   SheetWidget* sheet() const { return sheet_; }
   SetupWidget* setup() const { return setup_; }
   ProfileWidget* profile() const { return profile_; }
+  PrintWidget* print_tab() const { return print_; }
   SplashWindow* splash() const { return splash_; }
   ModelWindowView* model_view() const { return model_view_.get(); }
   QComboBox* language_box() const { return combo6_; }
@@ -96,6 +98,7 @@ class MainWindow : public QMainWindow {
   SheetWidget* sheet_ = nullptr;
   SetupWidget* setup_ = nullptr;
   ProfileWidget* profile_ = nullptr;
+  PrintWidget* print_ = nullptr;
   SplashWindow* splash_ = nullptr;
   std::unique_ptr<ModelWindowView> model_view_;
   std::array<QAction*, 6> recent_{};

@@ -57,6 +57,10 @@ const char* kind_name(PageOp::Kind kind) {
 void PageDocument::StartDoc() {
   pages_.assign(1, Page{});
   open_ = true;
+  pen_ = {};
+  brush_ = {};
+  font_ = DefaultFont;
+  angle_ = 0;
   in_table_ = false;
   tables_.clear();
   CurrentX = MarginLeft;

@@ -55,6 +55,8 @@ class PageDocument : public PageSurface {
   double PageWidth = 11906;  // A4 upright
   double PageHeight = 16838;
   double MarginLeft = 1440, MarginTop = 1440, MarginRight = 1440, MarginBottom = 1440;
+  // The font each document starts with (the font list of the preview sets its name).
+  PageFont DefaultFont;
   // Zoom and paging of the preview: kept here, used by the windows.
   int Zoom = 100;
   int PreviewPage = 1;
