@@ -4,10 +4,18 @@
 #include <memory>
 #include <sstream>
 
+#include <QBuffer>
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+
 #include "cli.h"
+#include "core/runtime/errors.h"
+#include "core/runtime/token_file.h"
 #include "model/forward.h"
 #include "model/layer_depths.h"
 #include "pictures.h"
+#include "platform/qt/qt_drawing_surface.h"
 #include "platform/qt/qt_page_painter.h"
 #include "plot/report_page.h"
 
@@ -18,7 +26,7 @@ namespace {
 struct ReportOptions {
   std::string file, array = "schlumberger", paper = "a4", page_twips, margins;
   std::string pdf, svg, png, ops;
-  bool landscape = false, steps = false, errors = false;
+  bool landscape = false, steps = false, errors = false, direct = false;
 };
 
 // "A,B" or "A,B,C,D" as numbers; a wrong list is a usage error.
@@ -49,6 +57,41 @@ QString page_path(const std::string& path, int page) {
   const std::string stem = has_ext ? path.substr(0, dot) : path;
   return QString::fromStdString(stem + "-" + std::to_string(page) +
                                 (has_ext ? path.substr(dot) : ""));
+}
+
+// The direct report on a PDF standing in for the printer: each sheet is drawn on a picture of the
+// sheet at 150 dpi in the report's logical coordinates, then painted on its PDF page.
+QString print_direct(Cli& cli, const std::string& title, double width, double height,
+                     const std::string& path) {
+  constexpr double kDpi = 150;
+  QtDrawingSurface sheet(static_cast<int>(width / 1440 * kDpi),
+                         static_cast<int>(height / 1440 * kDpi));
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  {
+    QPdfWriter pdf(&buffer);
+    pdf.setResolution(static_cast<int>(kDpi));
+    pdf.setPageSize(QPageSize(QSizeF(width / 1440, height / 1440), QPageSize::Inch));
+    pdf.setPageMargins(QMarginsF(0, 0, 0, 0));
+    QPainter painter(&pdf);
+    const auto paint_sheet = [&] {
+      painter.fillRect(QRectF(0, 0, sheet.width(), sheet.height()), Qt::white);
+      sheet.render(painter);
+    };
+    sheet.Cls();
+    PrintReportDirect(cli.session, sheet, title, [&] {
+      paint_sheet();
+      pdf.newPage();
+      sheet.Cls();
+    });
+    paint_sheet();
+  }
+  try {
+    rt::write_file_atomically(path, std::string_view(buffer.data().constData(), buffer.size()));
+  } catch (const rt::RuntimeError& e) {
+    return QString::fromStdString(e.reason());
+  }
+  return {};
 }
 
 int report(Cli& cli, const ReportOptions& o) {
@@ -82,6 +125,19 @@ int report(Cli& cli, const ReportOptions& o) {
     s.WorkMode = mode::kNormal;
     ForwardCurve(cli.session);
     s.WorkMode = "";
+  }
+  if (o.direct) {
+    if (o.pdf.empty()) throw UsageError{"--direct writes the printer's sheets to --pdf OUT"};
+    const std::string title = report_title(s);
+    Json j;
+    j["ReportTitle"] = text(title);
+    j["PageWidth"] = page.PageWidth;
+    j["PageHeight"] = page.PageHeight;
+    const QString why = print_direct(cli, title, page.PageWidth, page.PageHeight, o.pdf);
+    if (!why.isEmpty()) Cli::complain("cannot write " + o.pdf + ": " + why.toStdString());
+    j["Messages"] = cli.messages();
+    cli.print(j);
+    return why.isEmpty() ? cli.status() : 1;
   }
   const std::string title = build_report(cli.session, page, m[0], m[1], m[2], m[3]);
 
@@ -144,6 +200,9 @@ Command report_command(CLI::App& root) {
   app->add_option("--svg", o->svg, "Write page 1 as SVG (OUT-2.svg ... for further pages)");
   app->add_option("--png", o->png, "Write page 1 as PNG at 100 dpi (OUT-2.png ... further)");
   app->add_option("--ops", o->ops, "Write the page operations, one a line");
+  app->add_flag("--direct", o->direct,
+                "Print the report straight on the printer as the direct print does, with a PDF "
+                "(--pdf) standing in for the printer");
   return {app, [o](Cli& cli) { return report(cli, *o); }};
 }
 

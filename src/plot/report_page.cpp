@@ -232,6 +232,112 @@ void field_data_page(const SoundingState& s, PageDocument& page, const std::stri
   page.EndTable();
 }
 
+void print_at(DrawingSurface& printer, double x, double y, const std::string& text) {
+  printer.CurrentX(static_cast<float>(x));
+  printer.CurrentY(static_cast<float>(y));
+  printer.Print(text);
+}
+
+// The diagram of the direct report in the axes' own decades.
+void direct_diagram(Session& session, DrawingSurface& printer, const std::string& ReportTitle) {
+  SoundingState& s = session.s;
+  const double dX = s.DecadeEnd - s.DecadeStart, dY = s.RhoDecadeEnd - s.RhoDecadeStart;
+  printer.Scale(static_cast<float>(s.DecadeStart - 0.125 * dX),
+                static_cast<float>(s.RhoDecadeEnd + 0.25 * dY),
+                static_cast<float>(s.DecadeEnd + 0.25 * dX),
+                static_cast<float>(s.RhoDecadeStart - 1.25 * dY));
+  printer.DrawWidth(2);
+  printer.Line(s.DecadeStart, s.RhoDecadeStart, s.DecadeEnd, s.RhoDecadeEnd, 0, LineForm::Box);
+  skip([&] { printer.Font(SurfaceFont{"Arial", 12, true}); });
+  print_at(printer, s.DecadeStart, s.RhoDecadeEnd + 0.125 * dY, ReportTitle);
+  skip([&] { printer.Font(SurfaceFont{"Arial", 10, false}); });
+  // The subtitle's place is reached with a white point.
+  printer.PSet(s.DecadeStart, static_cast<float>(s.RhoDecadeEnd + 0.06 * dY), 0xFFFFFF);
+  printer.Print(s.GraphTitle);
+
+  printer.DrawWidth(1);
+  for (int i = s.DecadeStart; i < s.DecadeEnd; ++i)
+    for (int k = 2; k <= 10; ++k) {
+      const double p = draw_log(k * std::pow(10.0, i));
+      printer.Line(p, s.RhoDecadeStart, p, s.RhoDecadeEnd, 0);
+    }
+  for (int j = s.RhoDecadeStart; j < s.RhoDecadeEnd; ++j)
+    for (int k = 2; k <= 10; ++k) {
+      const double p = draw_log(k * std::pow(10.0, j));
+      printer.Line(s.DecadeStart, p, s.DecadeEnd, p, 0);
+    }
+  for (int i = s.DecadeStart; i <= s.DecadeEnd; ++i)
+    print_at(printer, i - 0.1, s.RhoDecadeStart - 0.05, rt::CStr(std::pow(10.0, i)));
+  for (int j = s.RhoDecadeStart + 1; j <= s.RhoDecadeEnd; ++j)
+    print_at(printer, s.DecadeEnd + 0.01, j, rt::CStr(std::pow(10.0, j)));
+  print_at(printer, s.DecadeEnd + 0.035, s.RhoDecadeEnd - 0.25, "[ohm·m]");
+  print_at(printer, s.DecadeEnd - 0.75, s.RhoDecadeStart - 0.05,
+           s.Spread == SpreadType::Schlumberger ? "AB/2 [m]"
+           : s.Spread == SpreadType::Dipole     ? "AM [m]"
+                                                : "a [m]");
+
+  // The curves in "IMPRIME": stored models thin, the current one thicker; then the points.
+  BilogDrawing drawing(session, BilogSurfaces{nullptr, nullptr, &printer});
+  CurveObserver* before = session.curve;
+  drawing.attach();
+  s.WorkMode = mode::kPrinter;
+  const auto draw_model = [&] {
+    skip([&] { ForwardCurve(session); });
+    if (s.ShowModelSteps == 1) DrawModelSteps(session, drawing.surfaces);
+    if (s.ShowErrorCurve == 1) DrawErrorCurve(session, drawing.surfaces);
+  };
+  skip([&] { KeepModelInWork(s); });
+  if (s.SuperposeCurve == 1) {
+    s.ColourGrid = false;
+    printer.DrawWidth(2);
+    for (int slot = 1; slot <= s.HistoryLast + s.HistoryBase; ++slot) {
+      skip([&] { LoadModelFromSlot(s, slot); });
+      draw_model();
+    }
+  }
+  s.ColourGrid = true;
+  if (s.ModelCurve(1, 1).num() > 0) {
+    printer.DrawWidth(4);
+    skip([&] { LoadModelFromSlot(s, s.HistoryShown + 1); });
+    draw_model();
+  }
+  session.curve = before;
+  s.WorkMode.clear();
+  printer.DrawWidth(3);
+  const int32_t mark = s.ColourGrid ? 0xFF : s.SuperposedColour;
+  // The size the screen's frame gives the marks, when no frame was drawn yet.
+  const double m = s.MarkHalfSize > 0 ? s.MarkHalfSize
+                                      : (s.DecadeEnd + s.RhoDecadeEnd - s.RhoDecadeStart -
+                                         s.DecadeStart) * 0.0018;
+  for (int n = 1; n <= s.FieldCount; ++n)
+    skip([&] {
+      if (!inside_limits(s, n)) return;
+      const double x = draw_log(s.FieldTable(n, 1).num()), y = draw_log(s.FieldTable(n, 2).num());
+      printer.Line(x - m, y - m, x + m, y + m, mark, LineForm::Box);
+    });
+}
+
+// A line of numbers set in columns; a value between 0 and 1 gets its "0" in front.
+std::string padded_row(std::initializer_list<Cell> values) {
+  std::string line;
+  for (const Cell& cell : values) {
+    const double v = cell.num();
+    // An empty cell keeps its place in the line.
+    std::string text = v == 0 ? std::string(12, ' ') : PadNumberLeft(v, cell.kind());
+    const size_t point = text.find('.');
+    if (v > 0 && v < 1 && point != std::string::npos && (point == 0 || text[point - 1] == ' '))
+      text.insert(point, "0");
+    line += text + "        ";
+  }
+  return line;
+}
+
+void footer(DrawingSurface& printer, const SoundingState& s, double dY) {
+  skip([&] { printer.Font(SurfaceFont{"Arial", 10, false, true}); });
+  print_at(printer, 3, s.RhoDecadeStart - dY, "Q-Brantis / Tellux 6.4");
+  skip([&] { printer.Font(SurfaceFont{"Arial", 10, false}); });
+}
+
 }  // namespace
 
 std::string PageText(const SoundingState& s, int number) {
@@ -282,9 +388,9 @@ std::string report_title(const SoundingState& s) {
                                                           : 2);
 }
 
-std::string PadNumberLeft(double value) {
+std::string PadNumberLeft(double value, rt::Kind kind) {
   if (value == 0) return "";
-  const std::string text = rt::CStr(value);
+  const std::string text = rt::CStr(value, kind);
   const int blanks =
       12 - 2 * static_cast<int>(text.size()) + (text.find('.') != std::string::npos ? 1 : 0);
   return std::string(static_cast<size_t>(std::max(0, blanks)), ' ') + text;
@@ -351,6 +457,80 @@ std::string build_report(Session& session, PageDocument& page, double left, doub
   DrawBilogPage(session, page, title);
   page.EndDoc();
   return title;
+}
+
+void PrintReportDirect(Session& session, DrawingSurface& printer, const std::string& ReportTitle,
+                       const std::function<void()>& new_sheet) {
+  SoundingState& s = session.s;
+  skip([&] { direct_diagram(session, printer, ReportTitle); });
+  const double dY = s.RhoDecadeEnd - s.RhoDecadeStart;
+  // The text part: a second scale over the same sheet, lines one after the other.
+  printer.Scale(0.5f, static_cast<float>(s.RhoDecadeEnd + 0.25 * dY), 5.0f,
+                static_cast<float>(s.RhoDecadeStart - 1.25 * dY));
+  double y = s.RhoDecadeStart - 0.15 * dY;
+  const double step = 0.045 * dY;
+  // The text stands a little in from the sheet's left edge.
+  constexpr double kLeft = 0.8;
+  const auto line = [&](const std::string& text) {
+    print_at(printer, kLeft, y, text);
+    y -= step;
+  };
+  if (!s.LocationX.empty() && !s.LocationY.empty())
+    line(PageText(s, 3) + "X = " + s.LocationX + "    Y = " + s.LocationY +
+         (s.LocationZ.empty() ? "" : "    Z = " + s.LocationZ));
+  if (s.FieldTable(2, 2).num() > 0) {
+    const bool altitudes = rt::Val(s.LocationZ) > 0;
+    line(PageText(s, 4));
+    line(PageText(s, altitudes ? 6 : 7));
+    line(altitudes ? " [ohm·m]              [m]                  [m]                  [m]"
+                   : " [ohm·m]              [m]                  [m]");
+    const LayerTableT& m = s.LayerModel;
+    for (int i = 1; i <= 20 && m(i, 1).num() > 0; ++i) {
+      const bool last = !(m(i, 2).num() > 0);
+      std::string row = padded_row({m(i, 1)}) + padded_row({last ? Cell(0.0) : m(i, 2)});
+      row += i == 1 ? "         0        " : padded_row({m(i, 3)});
+      if (altitudes) row += padded_row({Cell(s.LayerAltitudes[i])});
+      line(row);
+      if (last) break;
+    }
+  }
+  print_at(printer, kLeft, s.RhoDecadeStart - 0.6 * dY, s.CommentText);
+  footer(printer, s, dY);
+
+  if (!new_sheet) return;
+  new_sheet();
+  printer.Scale(0.5f, static_cast<float>(s.RhoDecadeEnd + 0.25 * dY), 5.0f,
+                static_cast<float>(s.RhoDecadeStart - 1.25 * dY));
+  y = s.RhoDecadeEnd;
+  skip([&] { printer.Font(SurfaceFont{"Arial", 12, true}); });
+  line(ReportTitle);
+  skip([&] { printer.Font(SurfaceFont{"Arial", 10, false}); });
+  line(PageText(s, 8));
+  const std::string R = resistivity_word(s.Language);
+  const bool wenner = s.Spread == SpreadType::Wenner;
+  if (s.Spread == SpreadType::Schlumberger)
+    line(
+        "    MN/2             AB/2             DeltaV                 I                    K"
+        "            " +
+        R);
+  else if (s.Spread == SpreadType::Dipole)
+    line(
+        "      BN                 AM             DeltaV                 I                    K"
+        "            " +
+        R);
+  else
+    line("       a              DeltaV                 I                     K           " + R);
+  line(wenner ? "      [m]               [mV]               [mA]                  [-]            "
+                "[ohm·m]"
+              : "      [m]                 [m]                [mV]               [mA]          "
+                "       [-]             [ohm·m]");
+  for (int n = 1; n <= 51 && (n == 1 || s.FieldTable(n, 2).num() > 0); ++n) {
+    const auto v = [&](int c) { return s.FieldTable(n, c); };
+    line(wenner ? padded_row({v(1), v(4), v(6), v(5), v(2)})
+                : padded_row({v(3), v(1), v(4), v(6), v(5), v(2)}));
+  }
+  print_at(printer, kLeft, s.RhoDecadeStart - 0.8 * dY, s.CommentText);
+  footer(printer, s, dY);
 }
 
 }  // namespace tellux

@@ -112,6 +112,23 @@ TEST_F(ReportTest, FieldDataPageByArrayWithPasiUnits) {
   EXPECT_EQ(s.SpreadTag, "2");
 }
 
+TEST_F(ReportTest, TheDirectPrintWritesBothSheetsInLinesOfText) {
+  ComputeDepths(session);
+  int sheets = 1;
+  PrintReportDirect(session, printer, "Title", [&] { ++sheets; });
+  EXPECT_EQ(sheets, 2);
+  const auto printed = [&](const std::string& text) {
+    return std::count(printer.ops.begin(), printer.ops.end(), "Print \"" + text + "\"");
+  };
+  EXPECT_EQ(printed("Title"), 2);
+  EXPECT_EQ(printed("Q-Brantis / Tellux 6.4"), 2);
+  EXPECT_EQ(printed("Location   X = 1000    Y = 2000    Z = 120"), 1);
+  EXPECT_EQ(printed("    MN/2             AB/2             DeltaV                 I        "
+                    "            K            Resistivity"),
+            1);
+  EXPECT_EQ(printed("near the well"), 2);
+}
+
 TEST(ReportTexts, PageTextAndPadNumberLeft) {
   SoundingState s;
   s.FileName = "X.TX3";
