@@ -1,4 +1,5 @@
-// The report of a sounding: built on the page document alone, and built and written as PDF.
+// The pages: the report of a sounding and the section of 100 soundings, each built on the page
+// document alone, and built and written as PDF.
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
@@ -6,6 +7,8 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include <fstream>
+#include "app/profile_tab.h"
 #include "core/sounding_file.h"
 #include "model/forward.h"
 #include "model/layer_depths.h"
@@ -58,6 +61,64 @@ void BM_ReportToPdf(benchmark::State& state) {
   std::filesystem::remove(path);
 }
 BENCHMARK(BM_ReportToPdf)->Unit(benchmark::kMillisecond);
+
+// 100 soundings 20 m apart along a line with some topography, in a fresh folder, chosen on the
+// tab "Profile data".
+struct Section {
+  tellux::SoundingState s;
+  tellux::ScriptedDialogs dialogs;
+  tellux::RecordingForms forms;
+  tellux::Session session{s, dialogs, forms};
+  tellux::Settings settings;
+  tellux::GridModel grid{51, 8};
+  tellux::ProfileTab tab{session, settings, grid};
+  std::filesystem::path dir = std::filesystem::temp_directory_path() /
+                              ("tellux_bench_section_" + std::to_string(::getpid()));
+  Section() {
+    std::filesystem::create_directories(dir);
+    std::vector<std::string> paths;
+    for (int i = 0; i < 100; ++i) {
+      const auto path = dir / ("S" + std::to_string(1000 + i) + ".TX3");
+      std::ofstream out(path, std::ios::binary);
+      out << "2.5\r\n10,6000,50,1000,236,100\r\n600,4000,500,100,10000,100\r\n";
+      out << "6000,200,0\r\n1500," << 800 + 10 * (i % 9)
+          << ",200\r\n30000,1500,1000\r\n4000,0,2500\r\n";
+      for (int k = 5; k <= 20; ++k) out << "0,0,0\r\n";
+      out << "\"\"\r\n\"\"\r\n\"\"\r\n\"" << 20 * i << "\"\r\n\"0\"\r\n\"" << 100 + (i % 13)
+          << "\"\r\n\"\"\r\n";
+      paths.push_back(path.string());
+    }
+    s.ResistScale = 100;
+    tab.load();
+    tab.sheet.Text14.Text = "20000";
+    tab.sheet.Text13.Text = "1000";
+    tab.sheet.select(paths);
+  }
+  ~Section() { std::filesystem::remove_all(dir); }
+};
+
+void BM_SectionOfHundredSoundings(benchmark::State& state) {
+  Section section;
+  tellux::PageDocument page;
+  std::swap(page.PageWidth, page.PageHeight);
+  for (auto _ : state) {
+    section.tab.Trace_Profil(page);
+    benchmark::DoNotOptimize(page.PageCount());
+  }
+}
+BENCHMARK(BM_SectionOfHundredSoundings)->Unit(benchmark::kMillisecond);
+
+void BM_SectionToPdf(benchmark::State& state) {
+  Section section;
+  tellux::PageDocument page;
+  std::swap(page.PageWidth, page.PageHeight);
+  const std::string path = (section.dir / "section.pdf").string();
+  for (auto _ : state) {
+    section.tab.Trace_Profil(page);
+    benchmark::DoNotOptimize(tellux::write_pdf(page, QString::fromStdString(path)));
+  }
+}
+BENCHMARK(BM_SectionToPdf)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

@@ -40,6 +40,8 @@ struct Application {
   ProfileTab profile;
   PageDocument VSPrint;  // the report's page in the tab "Print Bilog"
   PrintTab print;
+  PageDocument VSPrint1;  // the section's page in the tab "SEV Profile"
+  PrintTab section;       // its twin controls
 
   // A click on an array button of the setup tab: the record follows, and the setting "SEV File"
   // names the default spread file of that array for the next new sounding.

@@ -15,8 +15,16 @@ PrintTab::PrintTab(Session& session, Settings& settings, PageDocument& VSPrint)
 }
 
 void PrintTab::build() {
-  ReportTitle = build_report(session_, VSPrint_, settings_.LeftMargin, settings_.UpperMargin,
-                             settings_.RightMargin, settings_.BottomMargin);
+  if (rebuild) {
+    VSPrint_.MarginLeft = settings_.LeftMargin;
+    VSPrint_.MarginTop = settings_.UpperMargin;
+    VSPrint_.MarginRight = settings_.RightMargin;
+    VSPrint_.MarginBottom = settings_.BottomMargin;
+    rebuild();
+  } else {
+    ReportTitle = build_report(session_, VSPrint_, settings_.LeftMargin, settings_.UpperMargin,
+                               settings_.RightMargin, settings_.BottomMargin);
+  }
   after_document();
 }
 
@@ -88,6 +96,8 @@ void PrintTab::setup(int kind) {
   if (print_dialog) print_dialog(kind);
   // The report computes its scale from the new sheet itself.
   if (VSPrint_.PageWidth != width || VSPrint_.PageHeight != height) build();
+  Label18.Caption = "Paper size= " + rt::CStr(rt::CInt(VSPrint_.PageHeight / 56.7)) + " / " +
+                    rt::CStr(rt::CInt(VSPrint_.PageWidth / 56.7));
 }
 
 }  // namespace tellux

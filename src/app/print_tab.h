@@ -30,6 +30,10 @@ class PrintTab {
   CheckBox First_page{"Print &first page only", 0};
   ListModel ListePolices;
   std::string ReportTitle;
+  Label Label18;  // the paper's size after a setup, for the section
+
+  // What the preview shows: the report unless set (the section sets it).
+  std::function<void()> rebuild;
 
   // The preview's build: lists, title, margins from the settings, then the report.
   void display_print();

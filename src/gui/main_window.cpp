@@ -90,8 +90,10 @@ MainWindow::MainWindow(Application& app, QtDrawingSurface& bilog, QtForms& forms
   tabs_->addTab(print_, QString::fromUtf8(kTabCaptions[2]));
   tabs_->addTab(setup_, QString::fromUtf8(kTabCaptions[3]));
   tabs_->addTab(profile_, QString::fromUtf8(kTabCaptions[4]));
-  tabs_->addTab(placeholder(QStringLiteral("The profile drawing comes in a later version.")),
-                QString::fromUtf8(kTabCaptions[5]));
+  section_ = new PrintWidget(app_.section, app_.VSPrint1);
+  section_->setObjectName(QStringLiteral("SEVProfile"));
+  section_->on_changed = [this] { refresh(); };
+  tabs_->addTab(section_, QString::fromUtf8(kTabCaptions[5]));
   connect(tabs_, &QTabWidget::currentChanged, this,
           [this](int index) { run([this, index] { app_.main.SSTab1_Click(index); }); });
 
@@ -135,15 +137,6 @@ QWidget* MainWindow::build_bilog_page() {
   text4_ = status_box("Text4", bilog_page_);
   text4_->setToolTip(QStringLiteral("Array"));
   return bilog_page_;
-}
-
-QWidget* MainWindow::placeholder(const QString& what) {
-  auto* page = new QWidget;
-  auto* label = new QLabel(what, page);
-  label->setAlignment(Qt::AlignCenter);
-  label->setEnabled(false);
-  (new QVBoxLayout(page))->addWidget(label);
-  return page;
 }
 
 QAction* MainWindow::action(const QString& name) const { return findChild<QAction*>(name); }
@@ -349,6 +342,7 @@ void MainWindow::refresh() {
   setup_->refresh();
   profile_->refresh();
   print_->refresh();
+  section_->refresh();
   splash_->refresh();
   if (!app_.frmSplash.visible && splash_->isVisible()) splash_->hide();
   bilog_->update();

@@ -60,6 +60,7 @@ class MainWindow : public QMainWindow {
   SetupWidget* setup() const { return setup_; }
   ProfileWidget* profile() const { return profile_; }
   PrintWidget* print_tab() const { return print_; }
+  PrintWidget* section_tab() const { return section_; }
   SplashWindow* splash() const { return splash_; }
   ModelWindowView* model_view() const { return model_view_.get(); }
   QComboBox* language_box() const { return combo6_; }
@@ -78,7 +79,6 @@ class MainWindow : public QMainWindow {
   void build_menu();
   void build_toolbar();
   QWidget* build_bilog_page();
-  QWidget* placeholder(const QString& what);
   void wire_forms();
   void apply_layout();
   void run(const std::function<void()>& action);
@@ -99,6 +99,7 @@ class MainWindow : public QMainWindow {
   SetupWidget* setup_ = nullptr;
   ProfileWidget* profile_ = nullptr;
   PrintWidget* print_ = nullptr;
+  PrintWidget* section_ = nullptr;  // the section's preview, tab "SEV Profile"
   SplashWindow* splash_ = nullptr;
   std::unique_ptr<ModelWindowView> model_view_;
   std::array<QAction*, 6> recent_{};

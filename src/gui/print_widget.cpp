@@ -164,6 +164,9 @@ PrintWidget::PrintWidget(PrintTab& tab, PageDocument& document, QWidget* parent)
   form->addRow(print_);
   form->addRow(page_setup);
   form->addRow(printer_setup);
+  paper_ = new QLabel;
+  paper_->setObjectName(QStringLiteral("Label18"));
+  form->addRow(paper_);
   controls->setFixedWidth(170);
 
   preview_ = new PagePreview(document_);
@@ -261,6 +264,7 @@ void PrintWidget::refresh() {
   page_->setValue(document_.PreviewPage);
   page_->setPageStep(1);
   page_label_->setText(q(tab_.lblpage.Caption));
+  paper_->setText(q(tab_.Label18.Caption));
   if (copies_->text().toStdString() != tab_.Text23.Text) copies_->setText(q(tab_.Text23.Text));
   physical_->setChecked(tab_.chkPhysicalPage.Value == 1);
   guides_->setChecked(tab_.chkShowGuides.Value == 1);

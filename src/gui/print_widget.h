@@ -64,7 +64,7 @@ class PrintWidget : public QWidget {
   QPrinter printer_{QPrinter::HighResolution};
   QComboBox *percent_, *mode_, *fonts_;
   QScrollBar* page_;
-  QLabel* page_label_;
+  QLabel *page_label_, *paper_;
   QLineEdit* copies_;
   QCheckBox *physical_, *guides_, *first_page_;
   QPushButton* print_;

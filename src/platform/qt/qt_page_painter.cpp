@@ -24,7 +24,7 @@ constexpr double kTwipsPerInch = 1440.0;
 QPen pen_of(const PagePen& p) {
   if (p.style == 5) return Qt::NoPen;
   QPen pen(to_qcolor(p.colour));
-  pen.setWidthF(p.width < 1 ? 1.0 : p.width);
+  pen.setWidthF(p.width);  // 0: the finest line the device draws
   pen.setStyle(p.style == 1 ? Qt::DashLine : p.style == 2 ? Qt::DotLine : Qt::SolidLine);
   pen.setCapStyle(Qt::FlatCap);
   pen.setJoinStyle(Qt::MiterJoin);
