@@ -14,6 +14,7 @@
 #include <QToolBar>
 #include <QVBoxLayout>
 
+#include "app/picture_export.h"
 #include "gui/extraction_dialog.h"
 #include "gui/grid_view.h"
 #include "gui/print_widget.h"
@@ -22,6 +23,7 @@
 #include "gui/sheet_widget.h"
 #include "gui/splash_window.h"
 #include "gui/toolbar_icons.h"
+#include "platform/qt/qt_page_painter.h"
 #include "plot/bilog_frame.h"
 
 namespace tellux {
@@ -93,6 +95,18 @@ MainWindow::MainWindow(Application& app, QtDrawingSurface& bilog, QtForms& forms
   section_ = new PrintWidget(app_.section, app_.VSPrint1);
   section_->setObjectName(QStringLiteral("SEVProfile"));
   section_->on_changed = [this] { refresh(); };
+  pictures_ = std::make_unique<QtPictures>([this] { return surface_.image(); });
+  const auto pictures_of = [this](PrintWidget* tab, PageDocument& page, bool section,
+                                  const char* pdf) {
+    tab->record_picture = [this, &page, section] {
+      Record_WMF(app_.session, page, section, *pictures_);
+    };
+    tab->copy_page = [this, &page] { pictures_->copy_page(page, page.PreviewPage - 1); };
+    tab->save_pdf = [this, &page, pdf] { save_pdf(page, pdf); };
+  };
+  pictures_of(print_, app_.VSPrint, false, "report.pdf");
+  pictures_of(section_, app_.VSPrint1, true, "section.pdf");
+  app_.main.copy_picture = [this] { copy_diagram(app_.session, *pictures_); };
   tabs_->addTab(section_, QString::fromUtf8(kTabCaptions[5]));
   connect(tabs_, &QTabWidget::currentChanged, this,
           [this](int index) { run([this, index] { app_.main.SSTab1_Click(index); }); });
@@ -137,6 +151,20 @@ QWidget* MainWindow::build_bilog_page() {
   text4_ = status_box("Text4", bilog_page_);
   text4_->setToolTip(QStringLiteral("Array"));
   return bilog_page_;
+}
+
+// The preview's pages as one PDF, where the save dialog says; a failed write is said.
+void MainWindow::save_pdf(const PageDocument& page, const char* proposed) {
+  FileDialogRequest request;
+  request.filter = "PDF (*.pdf)|*.pdf";
+  request.title = "Save as PDF";
+  request.proposed = proposed;
+  request.overwrite_prompt = true;
+  const auto path = app_.session.dialogs.save_file(request);
+  if (!path) return;
+  const QString why = write_pdf(page, QString::fromStdString(*path));
+  if (!why.isEmpty())
+    app_.session.tell("Recording File Error... " + *path + ": " + why.toStdString());
 }
 
 QAction* MainWindow::action(const QString& name) const { return findChild<QAction*>(name); }
@@ -209,7 +237,9 @@ void MainWindow::build_menu() {
   QMenu* util = bar->addMenu(QStringLiteral("&Utility"));
   util->setObjectName(QStringLiteral("Nutil"));
   add(util, "NCalculator", "Calculator", nullptr);
-  add(util, "CopyClipBoard", "Copy to &clipBoard", nullptr);
+  add(util, "CopyClipBoard", "Copy to &clipBoard", [&main] {
+    if (main.copy_picture) main.copy_picture();
+  });
 
   QMenu* help = bar->addMenu(QStringLiteral("&Help"));
   help->setObjectName(QStringLiteral("NHelp"));

@@ -15,6 +15,7 @@
 #include "gui/qt_forms.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_drawing_surface.h"
+#include "platform/qt/qt_pictures.h"
 
 class QComboBox;
 class QLineEdit;
@@ -99,7 +100,10 @@ class MainWindow : public QMainWindow {
   SetupWidget* setup_ = nullptr;
   ProfileWidget* profile_ = nullptr;
   PrintWidget* print_ = nullptr;
-  PrintWidget* section_ = nullptr;  // the section's preview, tab "SEV Profile"
+  PrintWidget* section_ = nullptr;
+  std::unique_ptr<QtPictures> pictures_;
+  void save_pdf(const PageDocument& page,
+                const char* proposed);  // the section's preview, tab "SEV Profile"
   SplashWindow* splash_ = nullptr;
   std::unique_ptr<ModelWindowView> model_view_;
   std::array<QAction*, 6> recent_{};

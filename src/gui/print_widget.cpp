@@ -164,6 +164,18 @@ PrintWidget::PrintWidget(PrintTab& tab, PageDocument& document, QWidget* parent)
   form->addRow(print_);
   form->addRow(page_setup);
   form->addRow(printer_setup);
+  const auto out = [this, form](const char* name, const QString& caption,
+                                std::function<void()> PrintWidget::*hook) {
+    auto* b = new QPushButton(caption);
+    b->setObjectName(QLatin1String(name));
+    connect(b, &QPushButton::clicked, this, [this, hook] {
+      if (this->*hook) run(this->*hook);
+    });
+    form->addRow(b);
+  };
+  out("Record_WMF", QStringLiteral("Record picture (SVG)"), &PrintWidget::record_picture);
+  out("Command21", QStringLiteral("Copy the page"), &PrintWidget::copy_page);
+  out("SavePdf", QStringLiteral("Save as PDF"), &PrintWidget::save_pdf);
   paper_ = new QLabel;
   paper_->setObjectName(QStringLiteral("Label18"));
   form->addRow(paper_);

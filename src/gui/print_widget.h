@@ -50,6 +50,8 @@ class PrintWidget : public QWidget {
   QPrinter& printer() { return printer_; }
 
   std::function<void()> on_changed;
+  // The buttons that send the page out: a picture file, the clipboard, a PDF.
+  std::function<void()> record_picture, copy_page, save_pdf;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
