@@ -62,6 +62,7 @@ Command colours_command(CLI::App& root);
 Command extract_command(CLI::App& root);
 Command report_command(CLI::App& root);
 Command section_command(CLI::App& root);
+Command convert_command(CLI::App& root);
 
 // The selection of a profile as `tellux-cli profile` makes it (also for `section`).
 struct ProfileOptions {

@@ -13,12 +13,17 @@
 #include <QTabWidget>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <map>
 
 #include "app/picture_export.h"
+#include "convert/multi_sheet.h"
+#include "convert/res2dinv.h"
+#include "convert/syscal.h"
 #include "gui/extraction_dialog.h"
 #include "gui/grid_view.h"
 #include "gui/print_widget.h"
 #include "gui/profile_widget.h"
+#include "gui/r2di_dialog.h"
 #include "gui/setup_widget.h"
 #include "gui/sheet_widget.h"
 #include "gui/splash_window.h"
@@ -204,7 +209,16 @@ void MainWindow::build_menu() {
                                                             {"astier", "Astier to TX3"},
                                                             {"OYO", "&OYO to TX3"},
                                                             {"Bak_M", "&BAK to TX3"}};
-  for (const auto& [name, caption] : converters) add(convert, name, caption, nullptr);
+  // The converters built so far; the others are shown disabled.
+  const std::map<std::string, std::function<void()>> live = {
+      {"Sheet", [this] { multiple_soundings_sheet(app_.session); }},
+      {"RES2DINV",
+       [this] { RES2DINV(app_.session, [this](R2diForm& f) { show_r2di_dialog(f, this); }); }},
+      {"Syscal", [this] { Syscal(app_.session); }}};
+  for (const auto& [name, caption] : converters) {
+    const auto handler = live.find(name);
+    add(convert, name, caption, handler == live.end() ? nullptr : handler->second);
+  }
   file->addSeparator();
   for (int slot = 1; slot <= 5; ++slot) {
     const std::string name = "F" + std::to_string(slot) + "_F";

@@ -132,7 +132,7 @@ class WindowTest : public QObject {
     }
     QCOMPARE(order.mid(0, 7), expected);
     // Parts the program does not have yet are shown disabled.
-    for (const char* name : {"Help", "Syscal"})
+    for (const char* name : {"Help", "NAbem"})
       QVERIFY(!p.window.action(QLatin1String(name))->isEnabled());
     QVERIFY(p.window.action(QStringLiteral("NFile"))->isEnabled());
     QCOMPARE(p.window.action(QStringLiteral("F1_F"))->text(), QStringLiteral("&1 "));
