@@ -1,5 +1,5 @@
-// The selection of 100 sounding files for a profile: reading each file, ordering the rows along
-// the line, the scales and the class limits.
+// The selection of 100 sounding files for a profile (reading each file, ordering the rows along
+// the line, the scales and the class limits), and the extraction of a slice through 100 files.
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
@@ -11,6 +11,7 @@
 #include "core/runtime/token_file.h"
 #include "platform/headless/recording_forms.h"
 #include "platform/headless/scripted_dialogs.h"
+#include "profile/extraction.h"
 #include "profile/profile_sheet.h"
 
 namespace {
@@ -52,6 +53,19 @@ void BM_SelectHundredSoundings(benchmark::State& state) {
   fs::remove_all(dir);
 }
 BENCHMARK(BM_SelectHundredSoundings)->Unit(benchmark::kMillisecond);
+
+void BM_ExtractSliceOfHundredSoundings(benchmark::State& state) {
+  const fs::path dir =
+      fs::temp_directory_path() / ("tellux_bench_extract_" + std::to_string(::getpid()));
+  const std::vector<std::string> paths = make_line(dir);
+  tellux::SoundingState s;
+  const std::string out = (dir / "slice.DAT").string();
+  for (auto _ : state)
+    benchmark::DoNotOptimize(
+        tellux::write_slice(s, paths, tellux::Slice::ResistivityAtAltitude, "95", "", out));
+  fs::remove_all(dir);
+}
+BENCHMARK(BM_ExtractSliceOfHundredSoundings)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

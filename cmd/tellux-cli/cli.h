@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "app/profile_tab.h"
 #include "core/session.h"
 #include "core/settings.h"
 #include "platform/headless/scripted_dialogs.h"
@@ -58,6 +59,19 @@ Command fit_command(CLI::App& root);
 Command compute_command(CLI::App& root);
 Command profile_command(CLI::App& root);
 Command colours_command(CLI::App& root);
+Command extract_command(CLI::App& root);
+Command report_command(CLI::App& root);
+Command section_command(CLI::App& root);
+Command convert_command(CLI::App& root);
+
+// The selection of a profile as `tellux-cli profile` makes it (also for `section`).
+struct ProfileOptions {
+  std::vector<std::string> files;
+  std::string array, vscale, hscale, min_res, max_res;
+};
+void add_profile_options(CLI::App* app, ProfileOptions& o);
+// The files chosen on the tab's selection, then the range typed; the settings first.
+void select_profile(Cli& cli, const ProfileOptions& o, ProfileTab& tab);
 
 // Options several commands take; each adds the option and its help, with its default.
 void add_array_option(CLI::App* app, std::string& array);

@@ -42,52 +42,56 @@ void put_anchors(ColourScale& scale, const std::string& anchors) {
 
 }  // namespace
 
-Command profile_command(CLI::App& root) {
-  struct Options {
-    std::vector<std::string> files;
-    std::string array, vscale, hscale, min_res, max_res;
-  };
-  auto o = std::make_shared<Options>();
-  auto* app = root.add_subcommand(
-      "profile", "Select sounding files for a profile as the tab \"Profile data\" does");
-  app->add_option("FILE", o->files, "Sounding files of one folder, in the order chosen")
-      ->required();
-  app->add_option("--array", o->array,
+void add_profile_options(CLI::App* app, ProfileOptions& o) {
+  app->add_option("FILE", o.files, "Sounding files of one folder, in the order chosen")->required();
+  app->add_option("--array", o.array,
                   "Electrode array for the approximate depths (default: the settings')")
       ->check(CLI::IsMember({"schlumberger", "dipole", "wenner"}));
-  app->add_option("--vscale", o->vscale, "Denominator of the vertical scale (default: settings)")
+  app->add_option("--vscale", o.vscale, "Denominator of the vertical scale (default: settings)")
       ->check(CLI::Number);
-  app->add_option("--hscale", o->hscale, "Denominator of the horizontal scale (default: settings)")
+  app->add_option("--hscale", o.hscale, "Denominator of the horizontal scale (default: settings)")
       ->check(CLI::Number);
-  app->add_option("--min-res", o->min_res, "Lower end of the colour scale, typed after selecting")
+  app->add_option("--min-res", o.min_res, "Lower end of the colour scale, typed after selecting")
       ->check(CLI::Number);
-  app->add_option("--max-res", o->max_res, "Upper end of the colour scale, typed after selecting")
+  app->add_option("--max-res", o.max_res, "Upper end of the colour scale, typed after selecting")
       ->check(CLI::Number);
+}
+
+void select_profile(Cli& cli, const ProfileOptions& o, ProfileTab& tab) {
+  namespace fs = std::filesystem;
+  std::vector<std::string> paths;
+  for (const std::string& f : o.files)
+    paths.push_back(fs::absolute(fs::path(f)).lexically_normal().string());
+  for (const std::string& p : paths)
+    if (fs::path(p).parent_path() != fs::path(paths.front()).parent_path())
+      throw UsageError{"the files must lie in one folder: " + p};
+  if (!o.array.empty()) apply_array(cli.s, o.array);
+  tab.load();
+  ProfileSheet& sheet = tab.sheet;
+  if (!o.vscale.empty()) sheet.Text13.Text = o.vscale;
+  if (!o.hscale.empty()) sheet.Text14.Text = o.hscale;
+  cli.dialogs.open_choices.push_back(paths);
+  sheet.Command2_Click();
+  if (!o.min_res.empty()) {
+    sheet.Text11.Text = o.min_res;
+    tab.Text11_Change();
+  }
+  if (!o.max_res.empty()) {
+    sheet.Text12.Text = o.max_res;
+    tab.Text12_Change();
+  }
+}
+
+Command profile_command(CLI::App& root) {
+  auto o = std::make_shared<ProfileOptions>();
+  auto* app = root.add_subcommand(
+      "profile", "Select sounding files for a profile as the tab \"Profile data\" does");
+  add_profile_options(app, *o);
   return {app, [o](Cli& cli) {
-            namespace fs = std::filesystem;
-            std::vector<std::string> paths;
-            for (const std::string& f : o->files)
-              paths.push_back(fs::absolute(fs::path(f)).lexically_normal().string());
-            for (const std::string& p : paths)
-              if (fs::path(p).parent_path() != fs::path(paths.front()).parent_path())
-                throw UsageError{"the files must lie in one folder: " + p};
-            if (!o->array.empty()) apply_array(cli.s, o->array);
             GridModel grid{51, 8};
             ProfileTab tab(cli.session, cli.settings, grid);
-            tab.load();
+            select_profile(cli, *o, tab);
             ProfileSheet& sheet = tab.sheet;
-            if (!o->vscale.empty()) sheet.Text13.Text = o->vscale;
-            if (!o->hscale.empty()) sheet.Text14.Text = o->hscale;
-            cli.dialogs.open_choices.push_back(paths);
-            sheet.Command2_Click();
-            if (!o->min_res.empty()) {
-              sheet.Text11.Text = o->min_res;
-              tab.Text11_Change();
-            }
-            if (!o->max_res.empty()) {
-              sheet.Text12.Text = o->max_res;
-              tab.Text12_Change();
-            }
             Json rows = Json::array();
             for (int r = 1; r < grid.rows() && !grid.text(r, 1).empty(); ++r) {
               Json row = Json::array();

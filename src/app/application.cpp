@@ -17,7 +17,14 @@ Application::Application(Dialogs& dialogs, Forms& forms, DrawingSurface& Bilog,
       model(session, Bilog,
             MainFormBoxes{sheet.XBox, sheet.YBox, sheet.ZBox, sheet.AzimBox, sheet.CommentBox,
                           sheet.TitleBox, main.NameBox, main.Text3}),
-      profile(session, settings, main.SEV_Grid) {
+      profile(session, settings, main.SEV_Grid),
+      print(session, settings, VSPrint),
+      section(session, settings, VSPrint1) {
+  // The section is wide: its sheet lies on its side until the page setup says otherwise.
+  std::swap(VSPrint1.PageWidth, VSPrint1.PageHeight);
+  section.rebuild = [this] { profile.Trace_Profil(VSPrint1); };
+  profile.show_section = [this] { section.display_print(); };
+  main.display_profile = [this] { section.display_print(); };
   prepare_bilog_surface(Bilog);
   drawing.attach();
   main.attach(setup, sheet);
@@ -26,6 +33,7 @@ Application::Application(Dialogs& dialogs, Forms& forms, DrawingSurface& Bilog,
   main.fit_model = [this] { model.menu_fit(); };
   main.load_profile = [this] { profile.load(); };
   main.store_profile = [this] { profile.store(); };
+  main.display_print = [this] { print.display_print(); };
 }
 
 void Application::Option_Click(int index) {

@@ -7,6 +7,7 @@
 #include "app/field_sheet.h"
 #include "app/main_form.h"
 #include "app/model_window.h"
+#include "app/print_tab.h"
 #include "app/profile_tab.h"
 #include "app/setup_tab.h"
 #include "app/start_window.h"
@@ -37,6 +38,10 @@ struct Application {
   SetupTab setup;
   ModelWindow model;  // the model editor; its window shows and hides, the logic stays
   ProfileTab profile;
+  PageDocument VSPrint;  // the report's page in the tab "Print Bilog"
+  PrintTab print;
+  PageDocument VSPrint1;  // the section's page in the tab "SEV Profile"
+  PrintTab section;       // its twin controls
 
   // A click on an array button of the setup tab: the record follows, and the setting "SEV File"
   // names the default spread file of that array for the next new sounding.

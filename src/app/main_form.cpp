@@ -176,6 +176,8 @@ void MainForm::SSTab1_Click(int index) {
   } else if (caption == "SEV Profile") {
     if (SEV_Grid.text(1, 1).empty())
       session_.tell("First, you must load SEV files", Icon::Critical);
+    else if (display_profile)
+      display_profile();
   }
 }
 

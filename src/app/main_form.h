@@ -92,15 +92,16 @@ class MainForm {
   void recent_Click(int slot);  // F1_F..F5_F
 
   // Routines that live in other windows; the program connects them.
-  std::function<void()> end_program;    // the program ends without asking
-  std::function<void()> ComputeDepths;  // the model window's depths and layer count
-  std::function<void()> compute_model;  // the model window's computation (`N1Calcul`)
-  std::function<void()> fit_model;      // the model window's fit (`NAjust`)
-  std::function<void()> open_manual;    // the manual ("Help")
-  std::function<void()> copy_picture;   // the diagram to the clipboard ("Clip_Bd")
-  std::function<void()> display_print;  // the report preview ("Print Bilog")
-  std::function<void()> load_profile;   // the tab "Profile data" from the settings
-  std::function<void()> store_profile;  // its boxes back to the settings
+  std::function<void()> end_program;      // the program ends without asking
+  std::function<void()> ComputeDepths;    // the model window's depths and layer count
+  std::function<void()> compute_model;    // the model window's computation (`N1Calcul`)
+  std::function<void()> fit_model;        // the model window's fit (`NAjust`)
+  std::function<void()> open_manual;      // the manual ("Help")
+  std::function<void()> copy_picture;     // the diagram to the clipboard ("Clip_Bd")
+  std::function<void()> display_print;    // the report preview ("Print Bilog")
+  std::function<void()> display_profile;  // the section ("SEV Profile")
+  std::function<void()> load_profile;     // the tab "Profile data" from the settings
+  std::function<void()> store_profile;    // its boxes back to the settings
 
   const std::string& settings_path() const { return settings_path_; }
 

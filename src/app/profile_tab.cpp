@@ -41,7 +41,7 @@ void ProfileTab::store() {
 
 void ProfileTab::Frame10_Click() {
   sheet.scale.affiche_resistivity();
-  if (Trace_Profil) Trace_Profil();
+  if (show_section) show_section();
 }
 
 void ProfileTab::Command10_Click(const std::string& settings_path) {

@@ -1,6 +1,7 @@
 #pragma once
 // The tab "Profile data": the table of soundings with its scales and range, the resistivity
 // colour scale, and the options and parameters of the section drawing (`Frame10`, `Frame7`).
+#include <array>
 #include <functional>
 #include <string>
 
@@ -8,6 +9,7 @@
 #include "core/settings.h"
 #include "platform/controls.h"
 #include "platform/grid_model.h"
+#include "platform/page_document.h"
 #include "profile/profile_sheet.h"
 
 namespace tellux {
@@ -24,8 +26,18 @@ class ProfileTab {
   TextBox Text15;  // its back colour: the correlation lines
   TextBox Text17;  // angle of the sounding's name, degrees
   Label Frame10, Frame7, Frame8;
-  // Draws the section (tab "SEV Profile"); none until that tab is built.
-  std::function<void()> Trace_Profil;
+  // Shows the section (tab "SEV Profile"); none until that tab is built.
+  std::function<void()> show_section;
+  // The width of a sounding's log on the page, twips; kept from one drawing to the next.
+  double SEVLogWidth = 0;
+
+  // The geoelectrical section on `VSPrint1`, every file of the table read again.
+  void Trace_Profil(PageDocument& VSPrint1);
+  // The name and the number above a log exclude each other; " Fill" widens the logs to the
+  // soundings' spacing and switches the labels to numbers.
+  void Check7_Click();
+  void Check8_Click();
+  void Check9_Click();
 
   // Start-up, after the settings are read: scales, log width, range and colours.
   void load();
@@ -46,8 +58,16 @@ class ProfileTab {
   void Text15_Click();
 
  private:
+  // One layer of one log: the arguments come back as page twips.
+  void Trace_Rectangle(PageDocument& page, double& X, double& top, double& bottom, double r);
+
   Session& session_;
   Settings& settings_;
+  // For each layer k (1..20) of the sounding being drawn and of the one before: the page X of the
+  // log and the page Y of the layer's top. Never cleared, between soundings or drawings.
+  std::array<std::array<double, 2>, 21> current_{}, previous_{};
+  // The layer table of the sounding being drawn: resistivity, thickness, depth (1..20).
+  std::array<std::array<double, 3>, 22> layers_{};
 };
 
 }  // namespace tellux

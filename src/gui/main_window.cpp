@@ -13,13 +13,22 @@
 #include <QTabWidget>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <map>
 
+#include "app/picture_export.h"
+#include "convert/multi_sheet.h"
+#include "convert/res2dinv.h"
+#include "convert/syscal.h"
+#include "gui/extraction_dialog.h"
 #include "gui/grid_view.h"
+#include "gui/print_widget.h"
 #include "gui/profile_widget.h"
+#include "gui/r2di_dialog.h"
 #include "gui/setup_widget.h"
 #include "gui/sheet_widget.h"
 #include "gui/splash_window.h"
 #include "gui/toolbar_icons.h"
+#include "platform/qt/qt_page_painter.h"
 #include "plot/bilog_frame.h"
 
 namespace tellux {
@@ -83,12 +92,27 @@ MainWindow::MainWindow(Application& app, QtDrawingSurface& bilog, QtForms& forms
   profile_ = new ProfileWidget(app_.profile, app_.main.SEV_Grid, app_.main.settings_path());
   tabs_->addTab(build_bilog_page(), QString::fromUtf8(kTabCaptions[0]));
   tabs_->addTab(sheet_, QString::fromUtf8(kTabCaptions[1]));
-  tabs_->addTab(placeholder(QStringLiteral("The report preview comes in a later version.")),
-                QString::fromUtf8(kTabCaptions[2]));
+  print_ = new PrintWidget(app_.print, app_.VSPrint);
+  print_->on_changed = [this] { refresh(); };
+  tabs_->addTab(print_, QString::fromUtf8(kTabCaptions[2]));
   tabs_->addTab(setup_, QString::fromUtf8(kTabCaptions[3]));
   tabs_->addTab(profile_, QString::fromUtf8(kTabCaptions[4]));
-  tabs_->addTab(placeholder(QStringLiteral("The profile drawing comes in a later version.")),
-                QString::fromUtf8(kTabCaptions[5]));
+  section_ = new PrintWidget(app_.section, app_.VSPrint1);
+  section_->setObjectName(QStringLiteral("SEVProfile"));
+  section_->on_changed = [this] { refresh(); };
+  pictures_ = std::make_unique<QtPictures>([this] { return surface_.image(); });
+  const auto pictures_of = [this](PrintWidget* tab, PageDocument& page, bool section,
+                                  const char* pdf) {
+    tab->record_picture = [this, &page, section] {
+      Record_WMF(app_.session, page, section, *pictures_);
+    };
+    tab->copy_page = [this, &page] { pictures_->copy_page(page, page.PreviewPage - 1); };
+    tab->save_pdf = [this, &page, pdf] { save_pdf(page, pdf); };
+  };
+  pictures_of(print_, app_.VSPrint, false, "report.pdf");
+  pictures_of(section_, app_.VSPrint1, true, "section.pdf");
+  app_.main.copy_picture = [this] { copy_diagram(app_.session, *pictures_); };
+  tabs_->addTab(section_, QString::fromUtf8(kTabCaptions[5]));
   connect(tabs_, &QTabWidget::currentChanged, this,
           [this](int index) { run([this, index] { app_.main.SSTab1_Click(index); }); });
 
@@ -134,13 +158,18 @@ QWidget* MainWindow::build_bilog_page() {
   return bilog_page_;
 }
 
-QWidget* MainWindow::placeholder(const QString& what) {
-  auto* page = new QWidget;
-  auto* label = new QLabel(what, page);
-  label->setAlignment(Qt::AlignCenter);
-  label->setEnabled(false);
-  (new QVBoxLayout(page))->addWidget(label);
-  return page;
+// The preview's pages as one PDF, where the save dialog says; a failed write is said.
+void MainWindow::save_pdf(const PageDocument& page, const char* proposed) {
+  FileDialogRequest request;
+  request.filter = "PDF (*.pdf)|*.pdf";
+  request.title = "Save as PDF";
+  request.proposed = proposed;
+  request.overwrite_prompt = true;
+  const auto path = app_.session.dialogs.save_file(request);
+  if (!path) return;
+  const QString why = write_pdf(page, QString::fromStdString(*path));
+  if (!why.isEmpty())
+    app_.session.tell("Recording File Error... " + *path + ": " + why.toStdString());
 }
 
 QAction* MainWindow::action(const QString& name) const { return findChild<QAction*>(name); }
@@ -165,7 +194,8 @@ void MainWindow::build_menu() {
   add(file, "NewFile", "&New File/Nouveau fichier", [&main] { main.NewFile_Click(); });
   add(file, "NFile", "Read/&Lecture ", [&main] { main.NFile_Click(); });
   add(file, "NRecord", "&Save/EnRegistre ", [&main] { main.NRecord_Click(); });
-  add(file, "HORSLICE", "Extraction for SURFER", nullptr);
+  add(file, "HORSLICE", "Extraction for SURFER",
+      [this] { HORSLICE(app_.session, show_extraction_form); });
   add(file, "xlsave", "Save for &XL", nullptr);
   QMenu* convert = file->addMenu(QStringLiteral("&Conversions"));
   convert->setObjectName(QStringLiteral("Nconvert"));
@@ -179,7 +209,16 @@ void MainWindow::build_menu() {
                                                             {"astier", "Astier to TX3"},
                                                             {"OYO", "&OYO to TX3"},
                                                             {"Bak_M", "&BAK to TX3"}};
-  for (const auto& [name, caption] : converters) add(convert, name, caption, nullptr);
+  // The converters built so far; the others are shown disabled.
+  const std::map<std::string, std::function<void()>> live = {
+      {"Sheet", [this] { multiple_soundings_sheet(app_.session); }},
+      {"RES2DINV",
+       [this] { RES2DINV(app_.session, [this](R2diForm& f) { show_r2di_dialog(f, this); }); }},
+      {"Syscal", [this] { Syscal(app_.session); }}};
+  for (const auto& [name, caption] : converters) {
+    const auto handler = live.find(name);
+    add(convert, name, caption, handler == live.end() ? nullptr : handler->second);
+  }
   file->addSeparator();
   for (int slot = 1; slot <= 5; ++slot) {
     const std::string name = "F" + std::to_string(slot) + "_F";
@@ -212,7 +251,9 @@ void MainWindow::build_menu() {
   QMenu* util = bar->addMenu(QStringLiteral("&Utility"));
   util->setObjectName(QStringLiteral("Nutil"));
   add(util, "NCalculator", "Calculator", nullptr);
-  add(util, "CopyClipBoard", "Copy to &clipBoard", nullptr);
+  add(util, "CopyClipBoard", "Copy to &clipBoard", [&main] {
+    if (main.copy_picture) main.copy_picture();
+  });
 
   QMenu* help = bar->addMenu(QStringLiteral("&Help"));
   help->setObjectName(QStringLiteral("NHelp"));
@@ -344,6 +385,8 @@ void MainWindow::refresh() {
   sheet_->refresh();
   setup_->refresh();
   profile_->refresh();
+  print_->refresh();
+  section_->refresh();
   splash_->refresh();
   if (!app_.frmSplash.visible && splash_->isVisible()) splash_->hide();
   bilog_->update();

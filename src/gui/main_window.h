@@ -10,10 +10,12 @@
 
 #include "app/application.h"
 #include "gui/bilog_widget.h"
+#include "gui/extraction_dialog.h"
 #include "gui/model_window_view.h"
 #include "gui/qt_forms.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_drawing_surface.h"
+#include "platform/qt/qt_pictures.h"
 
 class QComboBox;
 class QLineEdit;
@@ -23,6 +25,7 @@ class QToolBar;
 namespace tellux {
 
 class GridView;
+class PrintWidget;
 class ProfileWidget;
 class SetupWidget;
 class SheetWidget;
@@ -43,6 +46,10 @@ class MainWindow : public QMainWindow {
   bool start();
   // Shows the models again.
   void refresh();
+  // The form of the extraction for contouring; tests answer it themselves.
+  std::function<void(ExtractionForm&)> show_extraction_form = [this](ExtractionForm& form) {
+    show_extraction_dialog(form, this);
+  };
 
   // The program ended (after leaving was confirmed); by default nothing more happens.
   std::function<void()> on_end;
@@ -53,6 +60,8 @@ class MainWindow : public QMainWindow {
   SheetWidget* sheet() const { return sheet_; }
   SetupWidget* setup() const { return setup_; }
   ProfileWidget* profile() const { return profile_; }
+  PrintWidget* print_tab() const { return print_; }
+  PrintWidget* section_tab() const { return section_; }
   SplashWindow* splash() const { return splash_; }
   ModelWindowView* model_view() const { return model_view_.get(); }
   QComboBox* language_box() const { return combo6_; }
@@ -71,7 +80,6 @@ class MainWindow : public QMainWindow {
   void build_menu();
   void build_toolbar();
   QWidget* build_bilog_page();
-  QWidget* placeholder(const QString& what);
   void wire_forms();
   void apply_layout();
   void run(const std::function<void()>& action);
@@ -91,6 +99,11 @@ class MainWindow : public QMainWindow {
   SheetWidget* sheet_ = nullptr;
   SetupWidget* setup_ = nullptr;
   ProfileWidget* profile_ = nullptr;
+  PrintWidget* print_ = nullptr;
+  PrintWidget* section_ = nullptr;
+  std::unique_ptr<QtPictures> pictures_;
+  void save_pdf(const PageDocument& page,
+                const char* proposed);  // the section's preview, tab "SEV Profile"
   SplashWindow* splash_ = nullptr;
   std::unique_ptr<ModelWindowView> model_view_;
   std::array<QAction*, 6> recent_{};

@@ -11,6 +11,7 @@ namespace tellux {
 struct TextBox {
   std::string Text;
   int32_t BackColor = 0xFFFFFF;
+  bool Enabled = true;
 };
 
 struct Label {

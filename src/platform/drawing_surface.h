@@ -21,6 +21,7 @@ struct SurfaceFont {
   std::string name = "Arial";
   double size = 7.5;  // points
   bool bold = true;
+  bool italic = false;
 };
 
 class DrawingSurface {

@@ -32,13 +32,13 @@ const char* axis_name(SpreadType spread) {
 // minus one is kept as it is (not L(k) + decade - 1): it decides the last digits of the place.
 double minor_line(int k, int decade) { return draw_log(k * std::pow(10.0, decade)) - 1; }
 
+}  // namespace
+
 bool inside_limits(const SoundingState& s, int n) {
   const double ab = s.FieldTable(n, 1).num();
   const double rho = s.FieldTable(n, 2).num();
   return ab >= s.AB2min && ab <= s.AB2max && rho <= s.RHOmax && rho >= s.RHOmin;
 }
-
-}  // namespace
 
 void prepare_bilog_surface(DrawingSurface& Bilog) {
   Bilog.Font(SurfaceFont{});

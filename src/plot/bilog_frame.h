@@ -16,6 +16,9 @@ void prepare_bilog_surface(DrawingSurface& Bilog);
 // row of value 0 admitted by a limit held as 0 raises error 5 to the caller.
 void DrawBilogFrame(SoundingState& s, DrawingSurface& Bilog);
 
+// Field row n lies within the limits of the axes and gets a mark.
+bool inside_limits(const SoundingState& s, int n);
+
 // The text of the read-out at logical (X, Y): "AB/2= 3.1  R= 100".
 std::string bilog_readout(const SoundingState& s, float X, float Y);
 

@@ -117,7 +117,7 @@ class WindowTest : public QObject {
              QStringLiteral("Open File,Save File,New SEV,Show model,Help file,"
                             "Copy the screen to the Clipboard ,Exit Tellux"));
     // Parts the program does not have yet are shown disabled.
-    for (const char* name : {"Help", "HORSLICE", "Syscal"})
+    for (const char* name : {"Help", "NAbem"})
       QVERIFY(!p.window.action(QLatin1String(name))->isEnabled());
     QCOMPARE(p.window.action(QStringLiteral("F1_F"))->text(), QStringLiteral("&1 "));
   }
@@ -158,6 +158,23 @@ class WindowTest : public QObject {
     QCOMPARE(pixels_of(p.bilog.image(), p.app.s.CurveColour), 0);
     QVERIFY(pixels_of(p.bilog.image(), p.app.s.PointsColour) > 100);
     QVERIFY(p.window.name_box()->text().isEmpty());
+  }
+
+  // The menu's extraction: the files, the form, the default name, then the file.
+  void extractsASliceThroughTheMenu() {
+    Program& p = start();
+    p.dialogs.open_choices = {{std::string(TELLUX_SOURCE_DIR) + "/tests/data/profile/L1_01.TX3",
+                               std::string(TELLUX_SOURCE_DIR) + "/tests/data/profile/L1_02.TX3"}};
+    p.dialogs.answers = {Answer::No};
+    p.dialogs.save_choices = {dir_.filePath(QStringLiteral("slice")).toStdString()};
+    p.window.show_extraction_form = [](ExtractionForm& form) {
+      form.option = 5;
+      form.Text2 = "3";
+    };
+    p.window.action(QStringLiteral("HORSLICE"))->trigger();
+    QFile slice(dir_.filePath(QStringLiteral("slice.DAT")));
+    QVERIFY(slice.open(QIODevice::ReadOnly));
+    QCOMPARE(slice.readAll(), QByteArray("1000,2000,16\r\n1038.3,2032.1,15\r\n"));
   }
 
   void typesASoundingInTheSheetAndComputes() {

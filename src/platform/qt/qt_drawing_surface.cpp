@@ -233,6 +233,7 @@ void QtDrawingSurface::Font(const SurfaceFont& font) {
   font_.setStyleHint(QFont::SansSerif);
   font_.setPointSizeF(font.size);
   font_.setBold(font.bold);
+  font_.setItalic(font.italic);
   const QFontMetricsF metrics(font_, &image_);
   ascent_ = metrics.ascent();
   line_height_ = metrics.height();

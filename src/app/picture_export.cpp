@@ -1,0 +1,52 @@
+#include "app/picture_export.h"
+
+#include <filesystem>
+
+#include "core/runtime/arithmetic.h"
+#include "core/runtime/number_text.h"
+
+namespace tellux {
+
+std::string picture_file_name(const std::string& FilePath, bool section) {
+  const size_t cut = section ? 4 : 3;
+  const std::string stem = FilePath.size() > cut ? FilePath.substr(0, FilePath.size() - cut) : "";
+  return stem + (section ? "profil.svg" : "svg");
+}
+
+std::string Record_WMF(Session& session, const PageDocument& page, bool section,
+                       Pictures& pictures) {
+  namespace fs = std::filesystem;
+  // A cancelled box gives an empty name: the write then fails without a file.
+  const std::string name = session.dialogs
+                               .input("Enter the file name", "WMF file option",
+                                      picture_file_name(session.s.FilePath, section))
+                               .value_or("");
+  std::error_code error;
+  if (!name.empty() && fs::exists(name, error)) {
+    if (session.dialogs.message(name + " alreday exists, replace this file ?", Buttons::YesNo,
+                                Icon::Question, kProgramTitle) != Answer::Yes)
+      return {};
+  }
+  pictures.copy_page(page, std::max(0, page.PreviewPage - 1));
+  const std::string failure =
+      name.empty() ? std::string("no file name")
+                   : pictures.write_page(page, std::max(0, page.PreviewPage - 1), name);
+  if (!failure.empty()) {
+    session.file_failure = name + ": " + failure;
+    session.tell(session.text("Erreur lors de l'enregistrement du fichier...",
+                              "Error al salvar fichero...", "Recording File Error..."),
+                 Icon::Exclamation);
+    return {};
+  }
+  const double kilobytes = rt::CLng(static_cast<double>(fs::file_size(name, error)) / 1000);
+  session.tell(name + " " + rt::CStr(kilobytes) + " Kb has been recorded", Icon::Information);
+  return name;
+}
+
+void copy_diagram(Session& session, Pictures& pictures) {
+  pictures.copy_diagram();
+  session.tell("Your screen is now recorded in the clipbord, paste in with Crtl+C",
+               Icon::Information);
+}
+
+}  // namespace tellux

@@ -1,0 +1,103 @@
+#include "app/print_tab.h"
+
+#include "core/runtime/arithmetic.h"
+#include "core/runtime/discipline.h"
+#include "core/runtime/number_text.h"
+#include "plot/report_page.h"
+
+namespace tellux {
+
+PrintTab::PrintTab(Session& session, Settings& settings, PageDocument& VSPrint)
+    : session_(session), settings_(settings), VSPrint_(VSPrint) {
+  for (const char* p : {"25%", "50%", "75%", "100%", "150%", "200%", "400%"}) cmbPercent.AddItem(p);
+  for (const char* m : {"Percentage", "Thumbnail", "TwoPages", "WholePage", "PageWidth", "Stretch"})
+    cmbZoomMode.AddItem(m);
+}
+
+void PrintTab::build() {
+  if (rebuild) {
+    VSPrint_.MarginLeft = settings_.LeftMargin;
+    VSPrint_.MarginTop = settings_.UpperMargin;
+    VSPrint_.MarginRight = settings_.RightMargin;
+    VSPrint_.MarginBottom = settings_.BottomMargin;
+    rebuild();
+  } else {
+    ReportTitle = build_report(session_, VSPrint_, settings_.LeftMargin, settings_.UpperMargin,
+                               settings_.RightMargin, settings_.BottomMargin);
+  }
+  after_document();
+}
+
+void PrintTab::display_print() {
+  cmbPercent.ListIndex(3);
+  cmbZoomMode.ListIndex(0);
+  cmbZoomMode_Click();
+  if (!fonts_listed_ && font_names) {
+    for (const std::string& name : font_names()) ListePolices.AddItem(name);
+    fonts_listed_ = true;
+  }
+  build();
+}
+
+void PrintTab::cmbPercent_Click() {
+  const int zoom = static_cast<int>(rt::Val(cmbPercent.Text()));
+  if (zoom > 0) VSPrint_.Zoom = zoom;
+}
+
+void PrintTab::cmbZoomMode_Click() {
+  ZoomMode = std::max(0, cmbZoomMode.ListIndex());
+  cmbPercent_Enabled = ZoomMode == 0;
+  if (cmbPercent_Enabled) cmbPercent_Click();
+}
+
+void PrintTab::scrlpage_Change(int value) {
+  if (value < 1) return;
+  scrlpage = value;
+  VSPrint_.PreviewPage = value;
+  after_document();
+}
+
+void PrintTab::after_document() {
+  const int m = VSPrint_.PageCount();
+  scrlpage_Max = std::max(1, m);
+  const int n = std::clamp(VSPrint_.PreviewPage, 1, scrlpage_Max);
+  if (ZoomMode == 2)
+    lblpage.Caption = rt::CStr(n) + " - " + rt::CStr(std::min(n + 1, m)) + " of " + rt::CStr(m);
+  else
+    lblpage.Caption = rt::CStr(n) + " of " + rt::CStr(m);
+}
+
+void PrintTab::ListePolices_Click() {
+  if (ListePolices.ListIndex() < 0) return;
+  VSPrint_.DefaultFont.name = ListePolices.Text();
+  build();
+}
+
+void PrintTab::cmdPrint_Click() {
+  // Text that is not a number reads as 0: nothing is printed.
+  double copies = rt::Fix(rt::Val(Text23.Text));
+  if (copies > 1) {
+    const std::string question = "Do you really want to print " + rt::CStr(copies) + " copies ?";
+    if (session_.dialogs.message(question, Buttons::YesNo, Icon::Question, kProgramTitle) !=
+        Answer::Yes)
+      copies = 1;
+  }
+  for (int copy = 1; copy <= copies; ++copy) {
+    if (VSPrint_.PageCount() == 0 || !print_pages) continue;
+    if (First_page.Value == 1)
+      print_pages(1, 1);
+    else
+      print_pages(1, VSPrint_.PageCount());
+  }
+}
+
+void PrintTab::setup(int kind) {
+  const double width = VSPrint_.PageWidth, height = VSPrint_.PageHeight;
+  if (print_dialog) print_dialog(kind);
+  // The report computes its scale from the new sheet itself.
+  if (VSPrint_.PageWidth != width || VSPrint_.PageHeight != height) build();
+  Label18.Caption = "Paper size= " + rt::CStr(rt::CInt(VSPrint_.PageHeight / 56.7)) + " / " +
+                    rt::CStr(rt::CInt(VSPrint_.PageWidth / 56.7));
+}
+
+}  // namespace tellux

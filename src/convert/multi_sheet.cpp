@@ -1,0 +1,107 @@
+#include "convert/multi_sheet.h"
+
+#include <sstream>
+
+#include "convert/items.h"
+#include "core/runtime/arithmetic.h"
+#include "core/runtime/discipline.h"
+#include "core/runtime/errors.h"
+#include "core/runtime/number_text.h"
+#include "core/runtime/token_file.h"
+#include "core/sounding_file.h"
+#include "model/automatic_model.h"
+#include "model/forward.h"
+#include "model/layer_depths.h"
+
+namespace tellux {
+
+namespace {
+
+bool field_character(char c) {
+  const auto code = static_cast<unsigned char>(c);
+  return code >= 35 && code <= 122;
+}
+
+std::optional<std::string> choose(Session& session, const char* title) {
+  const auto chosen = session.dialogs.open_file({"Text file (*.TXT)| *.TXT    ", title, "*.TXT"});
+  if (!chosen || chosen->empty()) {
+    session.tell(session.text("Sélectionnez d'abord un fichier ", "Primero, seleccione un fichero ",
+                              "First select a File "));
+    return std::nullopt;
+  }
+  return chosen;
+}
+
+}  // namespace
+
+std::vector<std::string> multiple_soundings_sheet(Session& session) {
+  SoundingState& s = session.s;
+  std::vector<std::string> written;
+  s.WorkMode = mode::kField;
+  const auto spreads_path = choose(session, "Spread data file selection");
+  if (!spreads_path) return written;
+  try {
+    s.FieldTable.erase();
+    s.MaxAbHalf = 1;
+    int n = 0;
+    for (const std::string& item : split_items(rt::read_whole_file(*spreads_path))) {
+      ++n;  // a 52nd spread fails on the table's bound
+      s.FieldTable(n, 1) = rt::parse_number_token(item);
+      s.MaxAbHalf = rt::CInt(s.FieldTable(n, 1).num());
+    }
+    s.WorkMode = mode::kNormal;
+    const auto values_path = choose(session, "Resistivity data file selection");
+    if (!values_path) return written;
+    std::istringstream lines(rt::read_whole_file(*values_path));
+    std::string line;
+    int C = 0;
+    while (std::getline(lines, line)) {
+      if (!line.empty() && line.back() == '\r') line.pop_back();
+      if (line.empty()) continue;  // a blank line is no sounding
+      ++C;
+      // Each character that is not a field character ends a field: 0 the name, 1 X, 2 Y, 3 Z,
+      // from 4 the resistivity of row index - 3. The token left at the line's end goes to row
+      // index - 2 only when above 0, so a line ended by a separator or a 0 keeps what the
+      // sounding before left there.
+      int index = -1;
+      std::string token, name;
+      for (char c : line) {
+        if (field_character(c)) {
+          token += c;
+          continue;
+        }
+        ++index;
+        if (index == 0) name = token;
+        if (index == 1) s.LocationX = token;
+        if (index == 2) s.LocationY = token;
+        if (index == 3) s.LocationZ = token;
+        if (index >= 4) s.FieldTable(index - 3, 2) = rt::Val(token);
+        token.clear();
+      }
+      if (rt::Val(token) > 0) s.FieldTable(index - 2, 2) = rt::Val(token);
+      if (index - 2 <= n) {
+        s.FieldCount = static_cast<int16_t>(std::max(0, index - 2));
+        s.WorkMode.clear();
+        AutomaticModel(session);
+        s.WorkMode = mode::kFile;
+        ForwardCurve(session);
+        rt::skip([&] { ComputeDepths(session); });
+        session.forms.refresh_model_grid();
+        std::string path = name + ".TX3";
+        s.FileName = path;
+        if (write_sounding_file(session, path)) written.push_back(path);
+        s.WorkMode.clear();
+      } else {
+        session.tell("Spread data missing for sounding " + name, Icon::Information);
+        --C;
+      }
+    }
+    session.tell(rt::Str(C) + " soundings have been saved as *.TX3 files", Icon::Information);
+  } catch (const rt::RuntimeError&) {
+    session.tell("Error during reading");
+  }
+  s.WorkMode.clear();
+  return written;
+}
+
+}  // namespace tellux
