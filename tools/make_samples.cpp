@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "app/geometric_factor.h"
+#include "model/geometric_factor.h"
 #include "core/runtime/arithmetic.h"
 #include "core/sounding_file.h"
 #include "model/forward.h"

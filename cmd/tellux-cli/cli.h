@@ -63,6 +63,12 @@ Command extract_command(CLI::App& root);
 Command report_command(CLI::App& root);
 Command section_command(CLI::App& root);
 Command convert_command(CLI::App& root);
+Command restore_command(CLI::App& root);
+Command rename_backup_command(CLI::App& root);
+Command export_txl_command(CLI::App& root);
+
+// The record as `open` prints it, with the messages shown.
+void print_record(Cli& cli);
 
 // The selection of a profile as `tellux-cli profile` makes it (also for `section`).
 struct ProfileOptions {

@@ -4,6 +4,8 @@
 #include <memory>
 
 #include "cli.h"
+#include "convert/backups.h"
+#include "convert/instruments.h"
 #include "convert/multi_sheet.h"
 #include "convert/res2dinv.h"
 #include "convert/syscal.h"
@@ -83,7 +85,42 @@ Command convert_command(CLI::App& root) {
       ->required();
   sheet->add_option("--out-dir", o->out_dir, "Folder of the TX3 files (default: the current one)");
 
-  return {app, [o, syscal, res2dinv, sheet](Cli& cli) {
+  // The instruments' files, one sounding each.
+  struct InstrumentOptions {
+    std::string file, out, spreads, array;
+  };
+  auto io = std::make_shared<InstrumentOptions>();
+  std::vector<std::pair<CLI::App*, Instrument>> instruments;
+  const std::pair<const char*, Instrument> kinds[] = {
+      {"abem", Instrument::Abem},         {"sas1000", Instrument::Sas1000},
+      {"geotrade", Instrument::Geotrade}, {"pasi", Instrument::Pasi},
+      {"astier", Instrument::Astier},     {"oyo", Instrument::Oyo}};
+  for (const auto& [name, kind] : kinds) {
+    auto* sub = app->add_subcommand(
+        name, std::string("The ") + name + " file of one sounding into a TX3 file");
+    sub->add_option("FILE", io->file, "The instrument's file")->required();
+    sub->add_option("--out", io->out, "The TX3 file (default: beside the input, named alike)");
+    if (kind == Instrument::Pasi)
+      sub->add_option("--spreads", io->spreads,
+                      "The spread file (default: the array's spread file in the data folder)");
+    add_array_option(sub, io->array);
+    instruments.emplace_back(sub, kind);
+  }
+
+  return {app, [o, io, instruments, syscal, res2dinv, sheet](Cli& cli) {
+            for (const auto& [sub, kind] : instruments) {
+              if (!sub->parsed()) continue;
+              if (!io->array.empty()) apply_array(cli.s, io->array);
+              cli.dialogs.open_choices.push_back({absolute(io->file)});
+              // The spread file named stands for the one the dialog would ask for.
+              const std::string spreads =
+                  io->spreads.empty() ? cli.settings.SevFile : absolute(io->spreads);
+              const std::string out = io->out.empty() ? "" : absolute(io->out);
+              return report_files(cli, "", [&, k = kind] {
+                const auto path = convert_instrument(cli.session, k, spreads, out);
+                return path ? std::vector<std::string>{*path} : std::vector<std::string>{};
+              });
+            }
             if (syscal->parsed()) {
               cli.dialogs.open_choices.push_back({absolute(o->file)});
               for (const std::string& n : o->names) cli.dialogs.inputs.push_back(n);
@@ -107,6 +144,58 @@ Command convert_command(CLI::App& root) {
             cli.dialogs.open_choices.push_back({absolute(o->values)});
             return report_files(cli, o->out_dir,
                                 [&] { return multiple_soundings_sheet(cli.session); });
+          }};
+}
+
+Command restore_command(CLI::App& root) {
+  auto* app = root.add_subcommand(
+      "restore", "Read a backup (*.BAK) as the current sounding and print what open prints");
+  auto file = std::make_shared<std::string>();
+  app->add_option("FILE", *file, "The backup file")->required();
+  return {app, [file](Cli& cli) {
+            cli.dialogs.open_choices.push_back({absolute(*file)});
+            if (!restore_backup(cli.session)) {
+              Cli::complain(*file + ": cannot be read");
+              return 1;
+            }
+            print_record(cli);
+            return cli.status();
+          }};
+}
+
+Command rename_backup_command(CLI::App& root) {
+  auto* app = root.add_subcommand(
+      "rename-backup", "Rename a backup (*.BAK) to its TX3 name, unless that file exists");
+  auto file = std::make_shared<std::string>();
+  app->add_option("FILE", *file, "The backup file")->required();
+  return {app, [file](Cli& cli) {
+            cli.dialogs.open_choices.push_back({absolute(*file)});
+            return report_files(cli, "", [&] {
+              const auto path = rename_backup(cli.session);
+              return path ? std::vector<std::string>{*path} : std::vector<std::string>{};
+            });
+          }};
+}
+
+Command export_txl_command(CLI::App& root) {
+  auto* app = root.add_subcommand(
+      "export-txl", "Write a sounding and the curves of its model for a spreadsheet (*.TXL)");
+  struct Options {
+    std::string file, out, array;
+  };
+  auto o = std::make_shared<Options>();
+  app->add_option("FILE", o->file, "The sounding file")->required();
+  app->add_option("--out", o->out, "The file to write; its extension becomes .TXL")->required();
+  add_array_option(app, o->array);
+  return {app, [o](Cli& cli) {
+            if (!o->array.empty()) apply_array(cli.s, o->array);
+            if (!open_file(cli, o->file)) return 1;
+            take_layer_count(cli.s);
+            cli.dialogs.save_choices.push_back(absolute(o->out));
+            return report_files(cli, "", [&] {
+              const auto path = export_txl(cli.session);
+              return path ? std::vector<std::string>{*path} : std::vector<std::string>{};
+            });
           }};
 }
 

@@ -52,9 +52,12 @@ int main(int argc, char** argv) {
   root.add_option("--lang", lang, kLanguageHelp)->check(CLI::IsMember({"E", "F", "S", "A"}));
 
   const std::vector<Command> commands = {
-      open_command(root),    settings_command(root),  forward_command(root), write_command(root),
-      compute_command(root), automodel_command(root), fit_command(root),     plot_command(root),
-      profile_command(root), colours_command(root),   extract_command(root), report_command(root), section_command(root), convert_command(root),
+      open_command(root),          settings_command(root),   forward_command(root),
+      write_command(root),         compute_command(root),    automodel_command(root),
+      fit_command(root),           plot_command(root),       profile_command(root),
+      colours_command(root),       extract_command(root),    report_command(root),
+      section_command(root),       convert_command(root),    restore_command(root),
+      rename_backup_command(root), export_txl_command(root),
   };
   if (const char* word = unknown_command(root, argc, argv)) {
     std::fprintf(stderr,

@@ -1,6 +1,6 @@
 // Compute: the sheet into `FieldTable`.
 #include "app/field_sheet.h"
-#include "app/geometric_factor.h"
+#include "model/geometric_factor.h"
 #include "core/fill_sheet.h"
 #include "core/runtime/arithmetic.h"
 #include "core/runtime/discipline.h"

@@ -93,6 +93,8 @@ struct SoundingState {
   int16_t ResistScale = 100;
   std::string WorkMode;
   std::array<std::string, 6> RecentFiles{};  // slots 1..5, most recent first
+  // The spreadsheet export's own name and path: the only memory of an earlier export.
+  std::string SheetFileName, SheetPath;
 
   // Array and correction.
   SpreadType Spread = SpreadType::Schlumberger;

@@ -16,6 +16,8 @@
 #include <map>
 
 #include "app/picture_export.h"
+#include "convert/backups.h"
+#include "convert/instruments.h"
 #include "convert/multi_sheet.h"
 #include "convert/res2dinv.h"
 #include "convert/syscal.h"
@@ -158,6 +160,13 @@ QWidget* MainWindow::build_bilog_page() {
   return bilog_page_;
 }
 
+// A converter of one instrument's file; the array chosen may change with the file (OYO, PASI).
+void MainWindow::instrument(Instrument kind) {
+  convert_instrument(app_.session, kind, app_.settings.SevFile);
+  static const char* kArrays[] = {"Schlumberger", "Dipole", "Wenner"};
+  app_.main.Text4.Text = kArrays[static_cast<int>(app_.s.Spread)];
+}
+
 // The preview's pages as one PDF, where the save dialog says; a failed write is said.
 void MainWindow::save_pdf(const PageDocument& page, const char* proposed) {
   FileDialogRequest request;
@@ -196,7 +205,7 @@ void MainWindow::build_menu() {
   add(file, "NRecord", "&Save/EnRegistre ", [&main] { main.NRecord_Click(); });
   add(file, "HORSLICE", "Extraction for SURFER",
       [this] { HORSLICE(app_.session, show_extraction_form); });
-  add(file, "xlsave", "Save for &XL", nullptr);
+  add(file, "xlsave", "Save for &XL", [this] { export_txl(app_.session); });
   QMenu* convert = file->addMenu(QStringLiteral("&Conversions"));
   convert->setObjectName(QStringLiteral("Nconvert"));
   const std::pair<const char*, const char*> converters[] = {{"Sheet", "&Multiple soundings sheet"},
@@ -214,11 +223,19 @@ void MainWindow::build_menu() {
       {"Sheet", [this] { multiple_soundings_sheet(app_.session); }},
       {"RES2DINV",
        [this] { RES2DINV(app_.session, [this](R2diForm& f) { show_r2di_dialog(f, this); }); }},
-      {"Syscal", [this] { Syscal(app_.session); }}};
+      {"Syscal", [this] { Syscal(app_.session); }},
+      {"NAbem", [this] { instrument(Instrument::Abem); }},
+      {"SAS1000", [this] { instrument(Instrument::Sas1000); }},
+      {"Geotrade", [this] { instrument(Instrument::Geotrade); }},
+      {"PASI", [this] { instrument(Instrument::Pasi); }},
+      {"astier", [this] { instrument(Instrument::Astier); }},
+      {"OYO", [this] { instrument(Instrument::Oyo); }},
+      {"Bak_M", [this] { rename_backup(app_.session); }}};
   for (const auto& [name, caption] : converters) {
     const auto handler = live.find(name);
     add(convert, name, caption, handler == live.end() ? nullptr : handler->second);
   }
+  add(convert, "Bak_R", "Restore a &backup", [this] { restore_backup(app_.session); });
   file->addSeparator();
   for (int slot = 1; slot <= 5; ++slot) {
     const std::string name = "F" + std::to_string(slot) + "_F";

@@ -9,6 +9,7 @@
 #include <functional>
 
 #include "app/application.h"
+#include "convert/instruments.h"
 #include "gui/bilog_widget.h"
 #include "gui/extraction_dialog.h"
 #include "gui/model_window_view.h"
@@ -100,10 +101,11 @@ class MainWindow : public QMainWindow {
   SetupWidget* setup_ = nullptr;
   ProfileWidget* profile_ = nullptr;
   PrintWidget* print_ = nullptr;
-  PrintWidget* section_ = nullptr;
+  PrintWidget* section_ = nullptr;  // the section's preview, tab "SEV Profile"
   std::unique_ptr<QtPictures> pictures_;
-  void save_pdf(const PageDocument& page,
-                const char* proposed);  // the section's preview, tab "SEV Profile"
+  // The preview's pages as one PDF, where the save dialog says.
+  void save_pdf(const PageDocument& page, const char* proposed);
+  void instrument(Instrument kind);
   SplashWindow* splash_ = nullptr;
   std::unique_ptr<ModelWindowView> model_view_;
   std::array<QAction*, 6> recent_{};

@@ -1,5 +1,5 @@
 // Compute: the sheet's rows into FieldTable.
-#include "app/geometric_factor.h"
+#include "model/geometric_factor.h"
 #include "sheet_fixture.h"
 
 namespace tellux::testing {

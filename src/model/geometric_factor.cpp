@@ -1,4 +1,4 @@
-#include "app/geometric_factor.h"
+#include "model/geometric_factor.h"
 
 #include "core/runtime/arithmetic.h"
 
