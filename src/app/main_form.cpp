@@ -233,7 +233,13 @@ bool MainForm::leave_program() {
   // The settings keep this run's choices only when the setup tab's box says so.
   if (setup_) settings_.garder_config = setup_->garder_config.Value == 1;
   if (store_profile) store_profile();
-  save_settings(s_, settings_, settings_path_);
+  // A settings file that cannot be written is said once; the leaving goes on.
+  const bool settings_written = save_settings(s_, settings_, settings_path_);
+  if (!settings_written)
+    session_.tell(
+        std::string(session_.text("Erreur lors de l'enregistrement du fichier...",
+                                  "Error al salvar fichero...", "Recording File Error...")) +
+        " " + settings_path_);
   const bool go_on = true;
   const std::string question =
       std::string(session_.text("     Vous allez quitter le programme",

@@ -29,7 +29,7 @@ void fill_sheet(const SoundingState& s, GridModel& BuildGrid) {
     for (int c = 1; c <= kSheetColumns; ++c) rt::skip([&] { BuildGrid.set_text(r, c, ""); });
   // A 51st row loads into the table but has no line on the sheet: its statements fail and are
   // passed over, and the sheet is repainted all the same.
-  for (int i = 1; i <= s.FieldCount; ++i) rt::skip([&] { fill_row(s, BuildGrid, i); });
+  for (int i = 1; i <= field_rows(s); ++i) rt::skip([&] { fill_row(s, BuildGrid, i); });
   BuildGrid.redraw = true;
 }
 

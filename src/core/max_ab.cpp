@@ -13,7 +13,7 @@ void find_max_ab(SoundingState& s, int16_t& max_ab_half) {
   if (leave) return;
   // In the superpose mode the overlaid sounding's rows stand in FieldTable too (its reader puts
   // them there), so one table serves both; the count of rows is FieldCount in either case.
-  for (int n = 1; n <= s.FieldCount; ++n) {
+  for (int n = 1; n <= field_rows(s); ++n) {
     rt::skip([&] {
       const double ab = s.FieldTable(n, 1).num();
       if (ab > max_ab_half) max_ab_half = rt::CInt(ab);

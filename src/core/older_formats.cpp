@@ -55,7 +55,7 @@ void read_sev_file(Session& session, std::string& path) {
       in.number();
     });
   }
-  for (int i = layer_rows + 1; i <= s.FieldCount; ++i) {
+  for (int i = layer_rows + 1; i <= field_rows(s); ++i) {
     rt::skip([&] {
       in.number();
       in.number();
@@ -88,7 +88,7 @@ void read_txe_file(Session& session, std::string& path) {
   rt::TokenReader in = open_quietly(path);
 
   rt::skip([&] { s.FieldCount = in.integer16(); });
-  for (int i = 1; i <= s.FieldCount; ++i) {
+  for (int i = 1; i <= field_rows(s); ++i) {
     rt::skip([&] {
       s.FieldTable(i, 1) = in.single();
       s.FieldTable(i, 2) = in.single();

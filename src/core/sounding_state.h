@@ -157,4 +157,14 @@ inline const char* pick(const LanguageFlags& l, const char* french, const char* 
 
 inline constexpr const char* kProgramTitle = "Tellux 6.4";
 
+// The last row of `FieldTable`.
+inline constexpr int kLastFieldRow = 51;
+
+// The rows a walk over the readings reaches: `FieldCount`, held to the table's last row. A count
+// beyond it (the header of a damaged file) would only meet the table's bound on every further
+// row, one error each.
+inline int field_rows(const SoundingState& s) {
+  return s.FieldCount < kLastFieldRow ? s.FieldCount : kLastFieldRow;
+}
+
 }  // namespace tellux

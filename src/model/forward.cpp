@@ -238,7 +238,7 @@ void FieldMisfit(SoundingState& s, Cell& result) {
   double acc = 0.0;
   int j = 1;
   double t = 0.0;
-  for (int n = 1; n <= s.FieldCount; ++n) {
+  for (int n = 1; n <= field_rows(s); ++n) {
     double a = 0.0;
     int k = -1;
     rt::skip([&] {
@@ -261,7 +261,7 @@ void FieldMisfit(SoundingState& s, Cell& result) {
 
 void compute_deviations(SoundingState& s) {
   int j = 1;
-  for (int n = 1; n <= s.FieldCount; ++n) {
+  for (int n = 1; n <= field_rows(s); ++n) {
     rt::skip([&] {
       const double a = s.FieldTable(n, 1).num();
       const int k = bracket(s, j, a);

@@ -1,6 +1,7 @@
 #include "plot/curve_drawing.h"
 
 #include "core/runtime/discipline.h"
+#include "core/runtime/errors.h"
 #include "model/forward.h"
 #include "plot/bilog_scale.h"
 
@@ -198,7 +199,7 @@ void DrawErrorCurve(Session& session, const BilogSurfaces& surfaces) {
   run([&] { colour = s.ColourGrid ? s.ErrorColour : s.SuperposedColour; });
   // 1% lies on the bottom edge, 10% one decade above, 100% two decades above.
   double x = 0.0, y = 0.0;
-  for (int n = 1; n <= s.FieldCount; ++n) {
+  for (int n = 1; n <= field_rows(s); ++n) {
     run([&] {
       if (s.ModelCurve(n, 3).num() > 0) y = draw_log(s.ModelCurve(n, 3).num()) + s.RhoDecadeStart;
     });
@@ -231,6 +232,8 @@ void DrawErrorCurve(Session& session, const BilogSurfaces& surfaces) {
     }
     s.FirstPoint = false;
   }
+  // A count past the table's end meets its bound once, and says so once.
+  if (s.FieldCount > kLastFieldRow) run([] { rt::raise(rt::kSubscript); });
 }
 
 }  // namespace tellux

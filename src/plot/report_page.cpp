@@ -110,7 +110,7 @@ void grid_and_axes(const SoundingState& s, PageDocument& page, const Frame& f) {
 void field_points(const SoundingState& s, PageDocument& page) {
   page.PenColor(s.PointsColour);
   page.PenWidth(12);
-  for (int n = 1; n <= s.FieldCount; ++n) {
+  for (int n = 1; n <= field_rows(s); ++n) {
     skip([&] {
       if (!inside_limits(s, n)) return;
       const double x = page_x(s, draw_log(s.FieldTable(n, 1).num()));
@@ -309,7 +309,7 @@ void direct_diagram(Session& session, DrawingSurface& printer, const std::string
   const double m = s.MarkHalfSize > 0 ? s.MarkHalfSize
                                       : (s.DecadeEnd + s.RhoDecadeEnd - s.RhoDecadeStart -
                                          s.DecadeStart) * 0.0018;
-  for (int n = 1; n <= s.FieldCount; ++n)
+  for (int n = 1; n <= field_rows(s); ++n)
     skip([&] {
       if (!inside_limits(s, n)) return;
       const double x = draw_log(s.FieldTable(n, 1).num()), y = draw_log(s.FieldTable(n, 2).num());

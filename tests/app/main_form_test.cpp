@@ -189,6 +189,14 @@ TEST_F(MainFormTest, ComputingTheSheetOfEverySampleChangesNoPoint) {
   }
 }
 
+TEST_F(MainFormTest, ASettingsFileThatCannotBeWrittenIsSaidOnLeaving) {
+  ini = "/proc/tellux/Tellux6.ini";
+  Application& a = started();
+  dialogs.answers = {Answer::Cancel};
+  EXPECT_TRUE(a.main.leave_program());
+  EXPECT_EQ(dialogs.texts().front(), "Recording File Error... /proc/tellux/Tellux6.ini");
+}
+
 TEST_F(MainFormTest, SevProfileWithoutSoundingsShowsTheStopMessage) {
   Application& a = started();
   a.main.SSTab1_Click(5);

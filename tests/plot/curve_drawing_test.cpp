@@ -218,3 +218,18 @@ TEST_F(CurveDrawingTest, ErrorCurveOnThePageWithItsOwnPen) {
 
 }  // namespace
 }  // namespace tellux
+
+namespace tellux {
+namespace {
+
+// A damaged header's count of 32767 readings: one error and one message, not one per row.
+TEST_F(CurveDrawingTest, ACountPastTheTableSaysSoOnce) {
+  field({{1, 100}, {10, 50}});
+  s.FieldCount = 32767;
+  s.ShowErrorCurve = 1;
+  DrawErrorCurve(session, surfaces);
+  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{" Error occurs while drawing RMS"});
+}
+
+}  // namespace
+}  // namespace tellux

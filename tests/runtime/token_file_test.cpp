@@ -125,6 +125,29 @@ TEST_F(AtomicWrite, FailuresKeepTheOldFileAndNameTheirCause) {
   EXPECT_EQ(error_of_writing(dir_ / "b.TX3"), kPermissionDenied);
 }
 
+// Through a link the linked file is replaced and the link kept; only plain files are read and
+// written: a pipe would block, a device never end.
+TEST_F(AtomicWrite, ThroughALinkAndNeverOnAPipeOrADevice) {
+  const fs::path real = dir_ / "real.TX3", link = dir_ / "link.TX3";
+  write_file_atomically(real.string(), "old");
+  fs::create_symlink("real.TX3", link);
+  write_file_atomically(link.string(), "new");
+  EXPECT_TRUE(fs::is_symlink(link));
+  EXPECT_EQ(slurp(real), "new");
+  const fs::path pipe = dir_ / "pipe";
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  for (const fs::path& p : {pipe, fs::path("/dev/zero"), dir_}) {
+    try {
+      read_whole_file(p.string());
+      ADD_FAILURE() << p;
+    } catch (const RuntimeError& e) {
+      EXPECT_EQ(e.number(), kPathFileAccess) << p;
+    }
+  }
+  EXPECT_EQ(error_of_writing(pipe), kPathFileAccess);
+  EXPECT_TRUE(fs::is_fifo(pipe));
+}
+
 TEST(ReadWholeFile, MissingFilesAndFolders) {
   try {
     read_whole_file("/nonexistent-folder-xyz/a.TX3");

@@ -27,9 +27,14 @@ std::string read_whole_file(const std::string& path) {
     const fs::path parent = p.parent_path();
     raise(parent.empty() || fs::is_directory(parent, ec) ? kFileNotFound : kPathNotFound);
   }
-  if (fs::is_directory(p, ec)) raise(kPathFileAccess);
+  if (fs::is_directory(p, ec)) raise(kPathFileAccess, std::strerror(EISDIR));
+  // Only plain files: a pipe would block for ever and a device never end.
+  if (!fs::is_regular_file(p, ec)) raise(kPathFileAccess, "not a regular file");
+  // No file of the program comes near this size; a larger one is not read into memory.
+  constexpr std::uintmax_t kLargest = 32u << 20;
+  if (fs::file_size(p, ec) > kLargest) raise(kPathFileAccess, "file too large");
   std::ifstream in(p, std::ios::binary);
-  if (!in) raise(kPathFileAccess);
+  if (!in) raise(kPathFileAccess, std::strerror(EACCES));
   std::ostringstream all;
   all << in.rdbuf();
   return all.str();
@@ -149,10 +154,19 @@ namespace {
 
 }  // namespace
 
-void write_file_atomically(const std::string& path, std::string_view content) {
-  if (path.empty()) raise(kPathNotFound, std::strerror(ENOENT));
-  const fs::path target(path);
+void write_file_atomically(const std::string& given, std::string_view content) {
+  if (given.empty()) raise(kPathNotFound, std::strerror(ENOENT));
   std::error_code ec;
+  // Through a symbolic link the file it points to is replaced and the link is kept.
+  std::string path = given;
+  for (int hops = 0; hops < 40 && fs::is_symlink(path, ec); ++hops) {
+    const fs::path link = fs::read_symlink(path, ec);
+    path = (link.is_absolute() ? link : fs::path(path).parent_path() / link).string();
+  }
+  const fs::path target(path);
+  // Only plain files are replaced: a device or a pipe used as a target stays as it is.
+  if (fs::exists(target, ec) && !fs::is_regular_file(target, ec) && !fs::is_directory(target, ec))
+    raise(kPathFileAccess, "not a regular file");
   if (fs::is_directory(target, ec)) raise(kPathFileAccess, std::strerror(EISDIR));
   // A write-protected file stays protected: replacing it by a rename would bypass that. A file
   // nobody may write counts as read-only even for the super-user.
