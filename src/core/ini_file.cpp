@@ -58,35 +58,38 @@ bool same_name(std::string_view a, std::string_view b) {
   return i == a.size() && j == b.size();
 }
 
-IniFile IniFile::parse(std::string_view text) {
+IniFile IniFile::parse(std::string_view bytes) {
   IniFile ini;
-  while (!text.empty()) {
-    const size_t end = text.find('\n');
-    std::string_view line = text.substr(0, end);
-    text = end == std::string_view::npos ? std::string_view() : text.substr(end + 1);
+  while (!bytes.empty()) {
+    const size_t end = bytes.find('\n');
+    const std::string_view raw = bytes.substr(0, end);
+    bytes = end == std::string_view::npos ? std::string_view() : bytes.substr(end + 1);
+    const std::string decoded = rt::to_utf8(raw);
+    const std::string_view line = decoded;
     const std::string_view t = trim(line);
     if (!t.empty() && t.front() == '[') {
       const size_t close = t.find(']');
       const std::string_view name =
           trim(t.substr(1, close == std::string_view::npos ? t.npos : close - 1));
-      ini.sections_.push_back({std::string(name), {}});
+      ini.sections_.push_back({std::string(name), {}, std::string(raw)});
       continue;
     }
     const size_t eq = t.find('=');
     if (t.empty() || t.front() == ';' || eq == std::string_view::npos ||
         trim(t.substr(0, eq)).empty()) {
-      ini.sections_.back().entries.push_back({"", std::string(trim(line))});
+      ini.sections_.back().entries.push_back({"", std::string(trim(line)), std::string(raw)});
       continue;
     }
-    ini.sections_.back().entries.push_back(
-        {std::string(trim(t.substr(0, eq))), std::string(unquote(trim(t.substr(eq + 1))))});
+    ini.sections_.back().entries.push_back({std::string(trim(t.substr(0, eq))),
+                                            std::string(unquote(trim(t.substr(eq + 1)))),
+                                            std::string(raw)});
   }
   return ini;
 }
 
 IniFile IniFile::load(const std::string& path) {
   try {
-    return parse(rt::to_utf8(rt::read_whole_file(path)));
+    return parse(rt::read_whole_file(path));
   } catch (const rt::RuntimeError&) {
     return parse("");
   }
@@ -122,14 +125,16 @@ void IniFile::set(std::string_view section, std::string_view key, std::string_vi
     // A blank line between sections, as a person would write the file.
     auto& last = sections_.back().entries;
     if (!last.empty() && !(last.back().key.empty() && last.back().value.empty()))
-      last.push_back({"", ""});
-    sections_.push_back({std::string(section), {}});
+      last.push_back({"", "", ""});
+    sections_.push_back({std::string(section), {}, ""});
     s = &sections_.back();
   }
   for (Entry& e : s->entries) {
     if (!e.key.empty() && same_name(e.key, key)) {
+      if (e.value == value) return;  // unchanged: the line stays as the file had it
       e.key = std::string(key);
       e.value = std::string(value);
+      e.raw.clear();
       return;
     }
   }
@@ -137,15 +142,19 @@ void IniFile::set(std::string_view section, std::string_view key, std::string_vi
   auto at = s->entries.end();
   while (at != s->entries.begin() && std::prev(at)->key.empty() && std::prev(at)->value.empty())
     --at;
-  s->entries.insert(at, {std::string(key), std::string(value)});
+  s->entries.insert(at, {std::string(key), std::string(value), ""});
 }
 
 std::string IniFile::text() const {
   std::string out;
   for (const Section& s : sections_) {
-    if (!s.name.empty()) out += "[" + s.name + "]\n";
-    for (const Entry& e : s.entries)
-      out += e.key.empty() ? e.value + "\n" : e.key + "=" + quote_if_needed(e.value) + "\n";
+    if (!s.name.empty()) out += (s.raw.empty() ? "[" + s.name + "]" : s.raw) + "\n";
+    for (const Entry& e : s.entries) {
+      if (!e.raw.empty())
+        out += e.raw + "\n";
+      else
+        out += e.key.empty() ? e.value + "\n" : e.key + "=" + quote_if_needed(e.value) + "\n";
+    }
   }
   return out;
 }

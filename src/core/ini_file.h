@@ -1,8 +1,9 @@
 #pragma once
 // A sectioned settings file: "[Section]" lines, then "key=value" lines. Section and key names are
 // compared without regard to case (so "modèle" and "Modèle" are one key). Other lines (comments,
-// blank lines) are kept as they stand when the file is written back. Older files in
-// Windows-1252 are read as such; the file is written in UTF-8.
+// blank lines) are kept as they stand when the file is written back. A line that is not UTF-8 is
+// read as Windows-1252 (that line only), and every line the program does not change is written
+// back byte for byte; changed and new lines are written in UTF-8.
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,10 +16,12 @@ class IniFile {
   struct Entry {
     std::string key;    // empty for a line kept as it stands
     std::string value;  // the value, or the whole line kept as it stands
+    std::string raw;    // the line's bytes in the file, written back while nothing changes it
   };
   struct Section {
     std::string name;
     std::vector<Entry> entries;
+    std::string raw;
   };
 
   static IniFile parse(std::string_view text);

@@ -118,6 +118,19 @@ TEST_F(SettingsFile, KeysAreFoundWithoutRegardToCaseAndOlderFilesInWindows1252) 
   EXPECT_EQ(s.RecentFiles[1], "C:\\old.TX3");
 }
 
+// One byte that is not UTF-8 makes its own line Windows-1252, not the file; lines the program
+// does not change are written back byte for byte.
+TEST_F(SettingsFile, EachLineKeepsItsOwnEncodingAndUnchangedLinesTheirBytes) {
+  const std::string old_line = "File 1=C:\\Donn\xE9" "es\\a.TX3";  // Windows-1252
+  const std::string utf8_line = "File 2=/home/é/b.TX3";
+  load("[File]\r\n" + old_line + "\r\n" + utf8_line + "\r\n[Profile]\r\nVscale=500\r\n");
+  EXPECT_EQ(s.RecentFiles[1], "C:\\Données\\a.TX3");
+  EXPECT_EQ(s.RecentFiles[2], "/home/é/b.TX3");
+  save_and_reload();
+  EXPECT_NE(text().find(old_line + "\r\n" + utf8_line + "\r\n"), std::string::npos);
+  EXPECT_EQ(back.RecentFiles[1], "C:\\Données\\a.TX3");
+}
+
 TEST_F(SettingsFile, AxisEndsBelowTwoBecomeFourAndExponentsGiveRoundedPowers) {
   load("[Tellux]\nAB2min=1\nAB2max=1\nRHOmin=-2\nRHOmax=0\n");
   EXPECT_EQ(s.AB2min, 10);
