@@ -1,0 +1,18 @@
+#pragma once
+// The readers of outside data, each driven as the program drives it after the open dialog, then
+// the data used: one forward calculation, one automatic model, one error curve and the TX3
+// writer. The fuzz targets and the replay test share these entries.
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tellux::fuzz {
+
+// The targets by name: the folder of their corpus under tests/fuzz/.
+const std::vector<std::string>& target_names();
+
+// Runs target `name` on `data`. Never throws; a crash or a sanitizer report is the finding.
+void run_target(const std::string& name, const uint8_t* data, size_t size);
+
+}  // namespace tellux::fuzz
