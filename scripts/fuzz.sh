@@ -17,10 +17,13 @@ targets=("$@")
   geotrade pasi astier oyo val)
 cmake --build build-fuzz --target "${targets[@]/#/fuzz_}"
 export QT_QPA_PLATFORM=offscreen TELLUX_INI=/tmp/tellux-fuzz-$$.ini
+root=$PWD
 for t in "${targets[@]}"; do
-  mkdir -p "build-fuzz/corpus/$t"
+  # The converters write into the current folder: a scratch one, with absolute corpus paths.
+  mkdir -p "build-fuzz/corpus/$t" "build-fuzz/scratch"
   echo "== $t"
-  (cd build-fuzz && "./tests/fuzz_$t" -max_total_time="$seconds" -max_len=65536 -timeout=5 \
-    -rss_limit_mb=2048 -print_final_stats=1 "corpus/$t" "../tests/fuzz/$t" 2>&1 |
+  (cd build-fuzz/scratch && "$root/build-fuzz/tests/fuzz_$t" -max_total_time="$seconds" \
+    -max_len=65536 -timeout=5 -rss_limit_mb=2048 -print_final_stats=1 \
+    "$root/build-fuzz/corpus/$t" "$root/tests/fuzz/$t" 2>&1 |
     grep -E "^(stat::number_of_executed_units|stat::peak_rss_mb|#[0-9]+ +DONE)|ERROR|SUMMARY" || true)
 done

@@ -21,8 +21,6 @@ namespace tellux {
 
 namespace {
 
-constexpr int kMostRows = 51;
-
 std::vector<std::string> lines_of(const std::string& text) {
   std::vector<std::string> lines;
   std::istringstream in(text);

@@ -150,9 +150,6 @@ const std::vector<std::string>& target_names() {
 void run_target(const std::string& name, const uint8_t* data, size_t size) {
   const auto found = targets().find(name);
   if (found == targets().end() || size > 64 * 1024) return;
-  // The converters write where the program's current folder is: the work folder.
-  std::error_code ec;
-  fs::current_path(work_folder(), ec);
   Run run;
   const std::string bytes(reinterpret_cast<const char*>(data), size);
   try {

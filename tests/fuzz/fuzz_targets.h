@@ -12,7 +12,8 @@ namespace tellux::fuzz {
 // The targets by name: the folder of their corpus under tests/fuzz/.
 const std::vector<std::string>& target_names();
 
-// Runs target `name` on `data`. Never throws; a crash or a sanitizer report is the finding.
+// Runs target `name` on `data`. Never throws; a crash or a sanitizer report is the finding. The
+// converters write beside the current folder: run it from a scratch folder.
 void run_target(const std::string& name, const uint8_t* data, size_t size);
 
 }  // namespace tellux::fuzz
