@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -146,6 +147,24 @@ TEST_F(AtomicWrite, ThroughALinkAndNeverOnAPipeOrADevice) {
   }
   EXPECT_EQ(error_of_writing(pipe), kPathFileAccess);
   EXPECT_TRUE(fs::is_fifo(pipe));
+}
+
+// A hostile input of 100 MB is refused before it is read: no time, no memory.
+TEST(ReadWholeFile, AHundredMegabytesAreRefusedUnread) {
+  const fs::path big = fs::temp_directory_path() / ("tellux_big_" + std::to_string(::getpid()));
+  { std::ofstream(big, std::ios::binary) << "1"; }
+  fs::resize_file(big, 100u << 20);
+  rusage before{}, after{};
+  ::getrusage(RUSAGE_SELF, &before);
+  try {
+    read_whole_file(big.string());
+    ADD_FAILURE();
+  } catch (const RuntimeError& e) {
+    EXPECT_EQ(e.reason(), "file too large");
+  }
+  ::getrusage(RUSAGE_SELF, &after);
+  EXPECT_LT(after.ru_maxrss - before.ru_maxrss, 64 * 1024);  // kilobytes
+  fs::remove(big);
 }
 
 TEST(ReadWholeFile, MissingFilesAndFolders) {

@@ -31,7 +31,7 @@ std::string read_whole_file(const std::string& path) {
   // Only plain files: a pipe would block for ever and a device never end.
   if (!fs::is_regular_file(p, ec)) raise(kPathFileAccess, "not a regular file");
   // No file of the program comes near this size; a larger one is not read into memory.
-  constexpr std::uintmax_t kLargest = 32u << 20;
+  constexpr std::uintmax_t kLargest = 4u << 20;
   if (fs::file_size(p, ec) > kLargest) raise(kPathFileAccess, "file too large");
   std::ifstream in(p, std::ios::binary);
   if (!in) raise(kPathFileAccess, std::strerror(EACCES));
