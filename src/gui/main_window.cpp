@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QScreen>
 #include <QTabBar>
 #include <QTabWidget>
@@ -25,6 +26,7 @@
 #include "gui/grid_view.h"
 #include "gui/print_widget.h"
 #include "gui/profile_widget.h"
+#include "gui/programs.h"
 #include "gui/r2di_dialog.h"
 #include "gui/setup_widget.h"
 #include "gui/sheet_widget.h"
@@ -81,6 +83,9 @@ MainWindow::MainWindow(Application& app, QtDrawingSurface& bilog, QtForms& forms
   resize(size);
   if (dialogs) dialogs->set_parent(this);
 
+  programs_ = std::make_unique<DesktopPrograms>(this);
+  app_.main.open_manual = [this] { open_manual(app_.session, *programs_); };
+  app_.frmSplash.open_manual = app_.main.open_manual;
   build_menu();
   build_toolbar();
 
@@ -110,6 +115,9 @@ MainWindow::MainWindow(Application& app, QtDrawingSurface& bilog, QtForms& forms
     };
     tab->copy_page = [this, &page] { pictures_->copy_page(page, page.PreviewPage - 1); };
     tab->save_pdf = [this, &page, pdf] { save_pdf(page, pdf); };
+    tab->graphical_program = [this] {
+      open_graphical_program(app_.session, app_.settings, *programs_);
+    };
   };
   pictures_of(print_, app_.VSPrint, false, "report.pdf");
   pictures_of(section_, app_.VSPrint1, true, "section.pdf");
@@ -267,17 +275,29 @@ void MainWindow::build_menu() {
 
   QMenu* util = bar->addMenu(QStringLiteral("&Utility"));
   util->setObjectName(QStringLiteral("Nutil"));
-  add(util, "NCalculator", "Calculator", nullptr);
+  add(util, "NCalculator", "Calculator", [this] { open_calculator(app_.session, *programs_); });
   add(util, "CopyClipBoard", "Copy to &clipBoard", [&main] {
     if (main.copy_picture) main.copy_picture();
   });
 
   QMenu* help = bar->addMenu(QStringLiteral("&Help"));
   help->setObjectName(QStringLiteral("NHelp"));
-  add(help, "NAuteur", "Author", nullptr);
-  add(help, "WS", "About Tellux", nullptr);
-  add(help, "Help_US", "Tellux Help", nullptr);
-  add(help, "video", "Video", nullptr);
+  const auto about = [this] {
+    QMessageBox::about(this, QStringLiteral("Tellux 6.4"), q(about_text(app_.s)));
+  };
+  add(help, "NAuteur", "Author", about);
+  add(help, "WS", "About Tellux", about);
+  add(help, "Help_US", "Tellux Help", [this] { open_manual(app_.session, *programs_); });
+  // The video is there only when one is installed in the manual folder.
+  QAction* video = add(help, "video", "Video", [this] {
+    if (!programs_->start("xdg-open", video_path()))
+      app_.session.tell("Unable to shell " + video_path());
+  });
+  if (video_path().empty()) {
+    video->setEnabled(false);
+    video->setToolTip(QStringLiteral("No video is installed in the manual folder"));
+    help->setToolTipsVisible(true);
+  }
 }
 
 void MainWindow::build_toolbar() {

@@ -13,6 +13,7 @@
 #include "gui/bilog_widget.h"
 #include "gui/extraction_dialog.h"
 #include "gui/model_window_view.h"
+#include "gui/programs.h"
 #include "gui/qt_forms.h"
 #include "platform/qt/qt_dialogs.h"
 #include "platform/qt/qt_drawing_surface.h"
@@ -103,6 +104,7 @@ class MainWindow : public QMainWindow {
   PrintWidget* print_ = nullptr;
   PrintWidget* section_ = nullptr;  // the section's preview, tab "SEV Profile"
   std::unique_ptr<QtPictures> pictures_;
+  std::unique_ptr<DesktopPrograms> programs_;
   // The preview's pages as one PDF, where the save dialog says.
   void save_pdf(const PageDocument& page, const char* proposed);
   void instrument(Instrument kind);

@@ -176,6 +176,7 @@ PrintWidget::PrintWidget(PrintTab& tab, PageDocument& document, QWidget* parent)
   out("Record_WMF", QStringLiteral("Record picture (SVG)"), &PrintWidget::record_picture);
   out("Command21", QStringLiteral("Copy the page"), &PrintWidget::copy_page);
   out("SavePdf", QStringLiteral("Save as PDF"), &PrintWidget::save_pdf);
+  out("Command24", QStringLiteral("Graphical program"), &PrintWidget::graphical_program);
   paper_ = new QLabel;
   paper_->setObjectName(QStringLiteral("Label18"));
   form->addRow(paper_);

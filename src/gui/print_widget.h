@@ -51,7 +51,7 @@ class PrintWidget : public QWidget {
 
   std::function<void()> on_changed;
   // The buttons that send the page out: a picture file, the clipboard, a PDF.
-  std::function<void()> record_picture, copy_page, save_pdf;
+  std::function<void()> record_picture, copy_page, save_pdf, graphical_program;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

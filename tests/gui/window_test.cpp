@@ -117,8 +117,9 @@ class WindowTest : public QObject {
              QStringLiteral("Open File,Save File,New SEV,Show model,Help file,"
                             "Copy the screen to the Clipboard ,Exit Tellux"));
     // Parts the program does not have yet are shown disabled.
-    for (const char* name : {"Help", "NCalculator"})
-      QVERIFY(!p.window.action(QLatin1String(name))->isEnabled());
+    // Every command is live; the video only where one is installed.
+    QVERIFY(p.window.action(QStringLiteral("Help"))->isEnabled());
+    QVERIFY(p.window.action(QStringLiteral("NCalculator"))->isEnabled());
     QCOMPARE(p.window.action(QStringLiteral("F1_F"))->text(), QStringLiteral("&1 "));
   }
 

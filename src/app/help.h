@@ -1,0 +1,50 @@
+#pragma once
+// The commands that leave the program for another: the manual, the calculator, the video, the
+// graphical program, and the text about the program.
+#include <string>
+
+#include "core/session.h"
+#include "core/settings.h"
+
+namespace tellux {
+
+// What starting other programs needs of the desktop. The defaults find nothing.
+class Programs {
+ public:
+  virtual ~Programs() = default;
+  // The program that opens PDF files; empty when there is none.
+  virtual std::string pdf_viewer() { return {}; }
+  // The desktop's calculator, the first one found; empty when there is none.
+  virtual std::string calculator() { return {}; }
+  // Starts `program` with `argument` (none when empty); false when it could not be started.
+  virtual bool start(const std::string& /*program*/, const std::string& /*argument*/) {
+    return false;
+  }
+  // Shows a PDF in the program's own view (when no viewer is installed).
+  virtual void show_pdf(const std::string& /*path*/) {}
+};
+
+// The manual of the language under the data folder: Manual/TELLUX6_FR.PDF, _ES or _US (German
+// users get the English one).
+std::string manual_path(const SoundingState& s);
+
+// Help: the manual in the desktop's PDF viewer; "Unable to shell " + path when it does not start;
+// without a viewer the two messages, then the program's own view of the manual.
+void open_manual(Session& session, Programs& programs);
+
+// The calculator; a message when the desktop has none.
+void open_calculator(Session& session, Programs& programs);
+
+// The video in the manual folder, when one is installed.
+std::string video_path();
+
+// The graphical program of "Graphical_Prog": a path of fewer than 5 characters (a blank too) is
+// not located: the message, then the program chooser, whose path is kept. Started with the
+// picture file of the current sounding. False when nothing was started.
+bool open_graphical_program(Session& session, Settings& settings, Programs& programs);
+
+// The text of "Author": in French for French, in English for the other languages, with the
+// program's version and the libraries it is built on.
+std::string about_text(const SoundingState& s);
+
+}  // namespace tellux
