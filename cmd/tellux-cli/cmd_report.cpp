@@ -1,6 +1,5 @@
 // tellux-cli report: the report of a sounding as the tab "Print Bilog" builds it, written as PDF,
 // SVG, PNG and as the list of its page operations.
-#include <fstream>
 #include <memory>
 #include <sstream>
 
@@ -46,17 +45,6 @@ std::vector<double> numbers(const std::string& text, size_t count, const char* o
   if (out.size() != count)
     throw UsageError{std::string(option) + ": " + std::to_string(count) + " numbers expected"};
   return out;
-}
-
-// "out.png" for page 1, "out-2.png" for page 2 ...
-QString page_path(const std::string& path, int page) {
-  if (page == 1) return QString::fromStdString(path);
-  const size_t dot = path.rfind('.');
-  const size_t slash = path.find_last_of("/\\");
-  const bool has_ext = dot != std::string::npos && (slash == std::string::npos || dot > slash);
-  const std::string stem = has_ext ? path.substr(0, dot) : path;
-  return QString::fromStdString(stem + "-" + std::to_string(page) +
-                                (has_ext ? path.substr(dot) : ""));
 }
 
 // The direct report on a PDF standing in for the printer: each sheet is drawn on a picture of the
@@ -149,30 +137,7 @@ int report(Cli& cli, const ReportOptions& o) {
   j["PageCount"] = page.PageCount();
   j["PageWidth"] = page.PageWidth;
   j["PageHeight"] = page.PageHeight;
-  bool written = true;
-  const auto fail = [&](const QString& path, const QString& why) {
-    Cli::complain("cannot write " + path.toStdString() + ": " + why.toStdString());
-    written = false;
-  };
-  if (!o.pdf.empty()) {
-    const QString path = QString::fromStdString(o.pdf);
-    if (const QString why = write_pdf(page, path); !why.isEmpty()) fail(path, why);
-  }
-  for (int p = 1; p <= page.PageCount(); ++p) {
-    if (!o.svg.empty()) {
-      const QString path = page_path(o.svg, p);
-      if (const QString why = write_svg(page, p - 1, path); !why.isEmpty()) fail(path, why);
-    }
-    if (!o.png.empty()) {
-      const QString path = page_path(o.png, p);
-      if (const QString why = write_png(page, p - 1, path); !why.isEmpty()) fail(path, why);
-    }
-  }
-  if (!o.ops.empty()) {
-    std::ofstream out(o.ops, std::ios::binary);
-    out << page.text();
-    if (!out) fail(QString::fromStdString(o.ops), QStringLiteral("write error"));
-  }
+  const bool written = write_page_outputs(page, {o.pdf, o.svg, o.png, o.ops});
   j["Messages"] = cli.messages();
   cli.print(j);
   return written ? cli.status() : 1;

@@ -1,6 +1,5 @@
 // tellux-cli section: the geoelectrical section of soundings chosen as for a profile, drawn as the
 // tab "SEV Profile" draws it, written as PDF, SVG, PNG and as its page operations.
-#include <fstream>
 #include <map>
 #include <memory>
 #include <sstream>
@@ -37,14 +36,6 @@ void tick_boxes(ProfileTab& tab, const std::string& show) {
   }
 }
 
-QString page_file(const std::string& path, int page) {
-  if (page == 1) return QString::fromStdString(path);
-  const size_t dot = path.rfind('.');
-  const bool has_ext = dot != std::string::npos && path.find('/', dot) == std::string::npos;
-  return QString::fromStdString((has_ext ? path.substr(0, dot) : path) + "-" +
-                                std::to_string(page) + (has_ext ? path.substr(dot) : ""));
-}
-
 int section(Cli& cli, const SectionOptions& o) {
   GridModel grid{51, 8};
   ProfileTab tab(cli.session, cli.settings, grid);
@@ -70,27 +61,7 @@ int section(Cli& cli, const SectionOptions& o) {
   j["ProfileFloorElevation"] = tab.sheet.values.ProfileFloorElevation;
   j["PageWidth"] = page.PageWidth;
   j["PageHeight"] = page.PageHeight;
-  bool written = true;
-  const auto fail = [&](const QString& path, const QString& why) {
-    Cli::complain("cannot write " + path.toStdString() + ": " + why.toStdString());
-    written = false;
-  };
-  if (!o.pdf.empty())
-    if (const QString why = write_pdf(page, QString::fromStdString(o.pdf)); !why.isEmpty())
-      fail(QString::fromStdString(o.pdf), why);
-  for (int p = 1; p <= page.PageCount(); ++p) {
-    if (!o.svg.empty())
-      if (const QString why = write_svg(page, p - 1, page_file(o.svg, p)); !why.isEmpty())
-        fail(page_file(o.svg, p), why);
-    if (!o.png.empty())
-      if (const QString why = write_png(page, p - 1, page_file(o.png, p)); !why.isEmpty())
-        fail(page_file(o.png, p), why);
-  }
-  if (!o.ops.empty()) {
-    std::ofstream out(o.ops, std::ios::binary);
-    out << page.text();
-    if (!out) fail(QString::fromStdString(o.ops), QStringLiteral("write error"));
-  }
+  const bool written = write_page_outputs(page, {o.pdf, o.svg, o.png, o.ops});
   j["Messages"] = cli.messages();
   cli.print(j);
   return written ? cli.status() : 1;

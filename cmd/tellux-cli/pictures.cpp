@@ -2,6 +2,10 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
+
+#include "cli.h"
+#include "platform/qt/qt_page_painter.h"
 
 namespace tellux::cli {
 
@@ -24,5 +28,46 @@ PictureToolkit::PictureToolkit() {
 }
 
 PictureToolkit::~PictureToolkit() = default;
+
+}  // namespace tellux::cli
+
+namespace tellux::cli {
+
+namespace {
+
+// "out.png" for page 1, "out-2.png" for page 2 ...
+QString page_file(const std::string& path, int page) {
+  if (page == 1) return QString::fromStdString(path);
+  const size_t dot = path.rfind('.');
+  const size_t slash = path.find_last_of("/\\");
+  const bool has_ext = dot != std::string::npos && (slash == std::string::npos || dot > slash);
+  return QString::fromStdString((has_ext ? path.substr(0, dot) : path) + "-" +
+                                std::to_string(page) + (has_ext ? path.substr(dot) : ""));
+}
+
+}  // namespace
+
+bool write_page_outputs(const PageDocument& page, const PageOutputs& out) {
+  bool written = true;
+  const auto check = [&](const QString& path, const QString& why) {
+    if (why.isEmpty()) return;
+    Cli::complain("cannot write " + path.toStdString() + ": " + why.toStdString());
+    written = false;
+  };
+  if (!out.pdf.empty())
+    check(QString::fromStdString(out.pdf), write_pdf(page, QString::fromStdString(out.pdf)));
+  for (int p = 1; p <= page.PageCount(); ++p) {
+    if (!out.svg.empty())
+      check(page_file(out.svg, p), write_svg(page, p - 1, page_file(out.svg, p)));
+    if (!out.png.empty())
+      check(page_file(out.png, p), write_png(page, p - 1, page_file(out.png, p)));
+  }
+  if (!out.ops.empty()) {
+    std::ofstream file(out.ops, std::ios::binary);
+    file << page.text();
+    if (!file) check(QString::fromStdString(out.ops), QStringLiteral("write error"));
+  }
+  return written;
+}
 
 }  // namespace tellux::cli

@@ -19,3 +19,22 @@ class PictureToolkit {
 };
 
 }  // namespace tellux::cli
+
+#include <string>
+
+namespace tellux {
+class PageDocument;
+}
+
+namespace tellux::cli {
+
+// Where the pages of a report or a section go; empty paths are not written.
+struct PageOutputs {
+  std::string pdf, svg, png, ops;
+};
+
+// Writes every page to the PDF, page n to OUT-n.svg / OUT-n.png (page 1 to OUT itself) and the
+// operations to OPS. False, each failure named on standard error, when something was not written.
+bool write_page_outputs(const PageDocument& page, const PageOutputs& out);
+
+}  // namespace tellux::cli

@@ -9,6 +9,7 @@
 #include "core/runtime/errors.h"
 #include "core/runtime/number_text.h"
 #include "core/runtime/token_file.h"
+#include "profile/profile_sheet.h"
 
 namespace tellux {
 
@@ -158,12 +159,7 @@ int write_slice(SoundingState& s, const std::vector<std::string>& files, Slice s
 
 std::string HORSLICE(Session& session, const std::function<void(ExtractionForm&)>& show_form) {
   SoundingState& s = session.s;
-  FileDialogRequest request;
-  request.filter = "Tellux 5 & 6 (*.TX3)|*.TX3|All files|*.*|";
-  request.title = "SEV file selection";
-  request.proposed = "*.tx3";
-  request.multiple = true;
-  const auto files = session.dialogs.open_files(request);
+  const auto files = session.dialogs.open_files(sev_selection_request());
   if (!files || files->size() < 2) {
     session.tell("Impossible with only 1 file", Icon::Critical);
     return {};

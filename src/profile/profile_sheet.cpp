@@ -82,13 +82,17 @@ ProfileSheet::ProfileSheet(Session& session, GridModel& SEV_Grid)
   Command2.Caption = "Select SEV";
 }
 
-void ProfileSheet::Command2_Click() {
+FileDialogRequest sev_selection_request() {
   FileDialogRequest request;
   request.filter = "Tellux 5 & 6 (*.TX3)|*.TX3|All files|*.*|";
   request.title = "SEV file selection";
   request.proposed = "*.tx3";
   request.multiple = true;
-  const auto paths = session_.dialogs.open_files(request);
+  return request;
+}
+
+void ProfileSheet::Command2_Click() {
+  const auto paths = session_.dialogs.open_files(sev_selection_request());
   if (!paths || paths->size() < 2) {
     session_.tell("Impossible with only 1 file", Icon::Critical);
     return;

@@ -26,6 +26,9 @@ struct ProfileValues {
   double TwipsPerMetreZ = 0.0;
 };
 
+// The dialog that chooses the soundings of a profile or an extraction: several TX3 files.
+FileDialogRequest sev_selection_request();
+
 class ProfileSheet {
  public:
   ProfileSheet(Session& session, GridModel& SEV_Grid);
