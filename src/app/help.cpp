@@ -5,13 +5,23 @@
 #include "app/picture_export.h"
 #include "core/data_dir.h"
 
+#ifndef TELLUX_BUILD_MANUAL_DIR
+#define TELLUX_BUILD_MANUAL_DIR ""
+#endif
+
 namespace tellux {
 
 std::string manual_path(const SoundingState& s) {
   const char* file = s.Language.French    ? "TELLUX6_FR.PDF"
                      : s.Language.Spanish ? "TELLUX6_ES.PDF"
                                           : "TELLUX6_US.PDF";
-  return data_dir() + "/Manual/" + file;
+  const std::string installed = data_dir() + "/Manual/" + file;
+  std::error_code error;
+  // Before installation the manuals stand in the build's own folder.
+  if (!std::filesystem::exists(installed, error) &&
+      std::filesystem::exists(std::string(TELLUX_BUILD_MANUAL_DIR) + "/" + file, error))
+    return std::string(TELLUX_BUILD_MANUAL_DIR) + "/" + file;
+  return installed;
 }
 
 void open_manual(Session& session, Programs& programs) {

@@ -1,7 +1,6 @@
 // The manual, the calculator and the graphical program with the desktop's answers scripted.
 #include "app/help.h"
 
-#include "core/data_dir.h"
 #include "session_fixture.h"
 
 namespace tellux::testing {
@@ -30,18 +29,20 @@ TEST_F(HelpTest, TheManualByLanguageInTheViewerOrTheProgramsOwnView) {
   use_language('F');
   programs.viewer = "/usr/bin/evince";
   open_manual(session, programs);
-  EXPECT_EQ(programs.log.back(), "/usr/bin/evince " + data_dir() + "/Manual/TELLUX6_FR.PDF");
+  EXPECT_EQ(programs.log.back(), "/usr/bin/evince " + manual_path(s));
+  EXPECT_EQ(manual_path(s).substr(manual_path(s).size() - 14), "TELLUX6_FR.PDF");
   use_language('A');  // German users get the English manual
   programs.starts = false;
   open_manual(session, programs);
-  EXPECT_EQ(dialogs.texts().back(), "Unable to shell " + data_dir() + "/Manual/TELLUX6_US.PDF");
+  EXPECT_EQ(dialogs.texts().back(), "Unable to shell " + manual_path(s));
+  EXPECT_EQ(manual_path(s).substr(manual_path(s).size() - 14), "TELLUX6_US.PDF");
   dialogs.messages.clear();
   programs.viewer.clear();
   open_manual(session, programs);
   EXPECT_EQ(dialogs.texts(),
             (std::vector<std::string>{"You must intstall ACROBAT READER to open the help file",
                                       "You must install a PDF reader from the CD-ROM"}));
-  EXPECT_EQ(programs.log.back(), "own view " + data_dir() + "/Manual/TELLUX6_US.PDF");
+  EXPECT_EQ(programs.log.back(), "own view " + manual_path(s));
 }
 
 TEST_F(HelpTest, AGraphicalProgramOfOneBlankIsNotLocated) {
