@@ -191,6 +191,14 @@ Command export_txl_command(CLI::App& root) {
             if (!o->array.empty()) apply_array(cli.s, o->array);
             if (!open_file(cli, o->file)) return 1;
             take_layer_count(cli.s);
+            // In the desktop program a file with a model opens the model window, whose Compute
+            // empties the store of models unless curves are superposed; the export follows it.
+            SoundingState& s = cli.s;
+            if (s.LayerModel(1, 1).num() > 0 && (s.SuperposeCurve != 1 || s.LayerCount < 2)) {
+              s.HistoryLast = 0;
+              s.HistoryShown = 0;
+              s.LayerHistory.erase();
+            }
             cli.dialogs.save_choices.push_back(absolute(o->out));
             return report_files(cli, "", [&] {
               const auto path = export_txl(cli.session);

@@ -127,12 +127,13 @@ std::optional<std::string> export_txl(Session& session) {
       }
       s.ModelCurveLast = static_cast<int16_t>(last);
     }
-    for (size_t i = 0; i + 1 < lines.size() && static_cast<int>(i) + 1 < s.ModelCurveLast; ++i)
+    for (size_t i = 0; i < lines.size() && static_cast<int>(i) + 1 < s.ModelCurveLast; ++i)
       lines[i] += cell7(s.ModelCurve(static_cast<int>(i) + 1, 1).num());
   }
   s.LayerCount = s.HistoryCounts[static_cast<size_t>(work_slot)];
   out.print_line(rt::Str(s.ModelCurveLast));
-  for (size_t i = 0; i + 1 < lines.size() && static_cast<int>(i) + 1 < s.ModelCurveLast; ++i)
+  // Entries 1 to ModelCurveLast - 1; the last run of the curve may have moved that count.
+  for (size_t i = 0; i < lines.size() && static_cast<int>(i) + 1 < s.ModelCurveLast; ++i)
     out.print_line(lines[i]);
   s.WorkMode.clear();
   try {

@@ -32,10 +32,14 @@ std::vector<std::string> lines_of(const std::string& text) {
   return lines;
 }
 
-// Columns `first` to `last` of a line, counted from 1, without the blanks that pad them.
+// Columns `first` to `last` of a line, counted from 1, as they stand (blanks included).
+std::string mid(const std::string& line, size_t first, size_t last) {
+  return line.size() < first ? std::string() : line.substr(first - 1, last - first + 1);
+}
+
+// The same columns without the blanks that pad them.
 std::string columns(const std::string& line, size_t first, size_t last) {
-  if (line.size() < first) return {};
-  std::string text = line.substr(first - 1, last - first + 1);
+  std::string text = mid(line, first, last);
   while (!text.empty() && text.back() == ' ') text.pop_back();
   while (!text.empty() && text.front() == ' ') text.erase(text.begin());
   return text;
@@ -105,11 +109,12 @@ bool read_sas1000(Session& session, const std::string& text) {
   s.MaxAbHalf = 1;
   try {
     if (lines.size() < 28) rt::raise(rt::kInputPastEnd);
-    const std::string x = columns(lines[3], 32, 44), y = columns(lines[3], 45, 57),
-                      z = columns(lines[3], 58, 69);
+    // The location strings keep the blanks of their columns, as the type keeps its five.
+    const std::string x = mid(lines[3], 32, 44), y = mid(lines[3], 45, 57),
+                      z = mid(lines[3], 58, 69);
     const int n = static_cast<int>(rt::Val(columns(lines[4], 44, 56)));
     const int code = static_cast<int>(rt::Val(columns(lines[8], 32, 33)));
-    const std::string type = columns(lines[9], 32, 36);
+    const std::string type = mid(lines[9], 32, 36);
     const double spacing = rt::Val(columns(lines[10], 32, 41));
     if (type != "Index" && type != "XYZ:1") {
       session.tell("Coordinate types other than Index and XYZ:1 not supported");
@@ -216,11 +221,14 @@ bool read_geotrade(Session& session, const std::string& text) {
 
 bool read_pasi(Session& session, const std::string& text) {
   SoundingState& s = session.s;
-  const std::vector<std::string> items = split_items(text);
+  std::vector<std::string> items = split_items(text);
   clear_strings(s);
   s.MaxAbHalf = 1;
   try {
     if (items.size() < 2) rt::raise(rt::kInputPastEnd);
+    for (std::string* name : {&items[0], &items[1]})  // strings may stand in quotes
+      if (name->size() >= 2 && name->front() == '"' && name->back() == '"')
+        *name = name->substr(1, name->size() - 2);
     if (items[0] == "SCHLUMBERGER") {
       s.Spread = SpreadType::Schlumberger;
       s.SpreadTag = "0";
@@ -239,6 +247,7 @@ bool read_pasi(Session& session, const std::string& text) {
       t(n, 4) = item(4) * 1000000;
       raise_max_ab(s, t(n, 1).num());
     }
+    if ((items.size() - 2) % 7 != 0) rt::raise(rt::kInputPastEnd);  // a row cut short
     s.FieldCount = static_cast<int16_t>(n);
     s.DataOrigin = "PASI";
     s.CommentText = "Date : " + date;

@@ -76,6 +76,8 @@ TEST(BatchCommand, ArgumentsStatusAndStreams) {
       {"colours --min 10 --max 2000 --classify 133.9,134", 0, "\"Classes\":[1,2]", ""},
       {"write " + kSample + " /no/such/folder/x.TX3", 1, "",
        "cannot write /no/such/folder/x.TX3: No such file or directory"},
+      // The model opened is the only one stored: its curve goes out without a failed run.
+      {"export-txl " + kSample + " --out " + (kTmp / "s.txt").string(), 0, "\"Messages\":[]", ""},
   };
   for (const Case& c : cases) {
     const Outcome r = cli(c.args);

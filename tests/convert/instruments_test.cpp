@@ -56,6 +56,8 @@ TEST_F(InstrumentsTest, EachFormatGivesItsRowsAndStrings) {
     EXPECT_EQ(line(tx3, 3), c.row2);
   }
   EXPECT_EQ(s.Spread, SpreadType::Wenner);  // the OYO file's array stays chosen
+  convert(Instrument::Sas1000, "sample.amp");
+  EXPECT_EQ(s.LocationX, "1000.0       ");  // the columns as they stand
   EXPECT_EQ(line(convert(Instrument::Geotrade, "sample.GTR"), 2), "15,772,50,1230,628,100");
   const std::string pasi = convert(Instrument::Pasi, "sample.TXT");
   EXPECT_NE(pasi.find("\"Date : 17.05.2024\"\r\n\"PASI\""), std::string::npos);
@@ -78,6 +80,11 @@ TEST_F(InstrumentsTest, RefusedFilesWriteNothing) {
   EXPECT_EQ(astier_tx3(s, read("big.dat")), "");
   write("full.dat", "\"P\",\"1\",\"0\",0,0,0,99\r\n" + rows);
   EXPECT_EQ(astier_tx3(s, read("full.dat")).substr(0, 6), "99.5\r\n");
+  // A PASI row cut short is a damaged file; its strings may stand in quotes.
+  EXPECT_FALSE(read_pasi(session, "SCHLUMBERGER 1/2/3\r\n1.5 0.5 0 2\r\n"));
+  EXPECT_TRUE(dialogs.texts().back().ends_with(" is corrupted...."));
+  EXPECT_TRUE(read_pasi(session, "\"SCHLUMBERGER\",\"1/2/3\"\r\n"));
+  EXPECT_EQ(s.CommentText, "Date : 1.2.3");
   // 52 readings fail on the table's bound.
   std::string many = "H\r\n";
   for (int i = 1; i <= 52; ++i) many += "x 1 1 " + std::to_string(i) + " 1 100 1 10 0\r\n";
@@ -111,6 +118,23 @@ TEST_F(InstrumentsTest, BackupsAndTheSpreadsheetExport) {
   // The first layer row of the model in work, then of the one stored before the restore.
   EXPECT_EQ(line(txl, 2 + s.FieldCount), " 100 5 0 0");
   EXPECT_EQ(s.SheetFileName, "sheet.txt");
+}
+
+TEST_F(InstrumentsTest, TheSpreadsheetCurveHasALineForEveryRowOfTheWalk) {
+  s.MaxAbHalf = 100;
+  s.LayerModel(1, 1) = 100.0;
+  s.LayerModel(1, 2) = 5.0;
+  s.LayerModel(2, 1) = 300.0;
+  s.LayerCount = 2;
+  dialogs.save_choices = {path("curve.TXL")};
+  ASSERT_TRUE(export_txl(session));
+  const std::string txl = read("curve.TXL");
+  const int last = s.ModelCurveLast;
+  ASSERT_GT(last, 2);
+  EXPECT_EQ(line(txl, 22), rt::Str(last));
+  // Every entry, the last one too, holds its spacing and the model's resistivity.
+  EXPECT_EQ(line(txl, 22 + last - 1).size(), 14u);
+  EXPECT_EQ(txl.size(), txl.find(line(txl, 22 + last - 1)) + 16);
 }
 
 }  // namespace
