@@ -112,8 +112,8 @@ bool read_sas1000(Session& session, const std::string& text) {
     // The location strings keep the blanks of their columns, as the type keeps its five.
     const std::string x = mid(lines[3], 32, 44), y = mid(lines[3], 45, 57),
                       z = mid(lines[3], 58, 69);
-    const int n = static_cast<int>(rt::Val(columns(lines[4], 44, 56)));
-    const int code = static_cast<int>(rt::Val(columns(lines[8], 32, 33)));
+    const int n = rt::CInt(rt::Val(columns(lines[4], 44, 56)));  // error 6 beyond 16 bits
+    const int code = rt::CInt(rt::Val(columns(lines[8], 32, 33)));
     const std::string type = mid(lines[9], 32, 36);
     const double spacing = rt::Val(columns(lines[10], 32, 41));
     if (type != "Index" && type != "XYZ:1") {

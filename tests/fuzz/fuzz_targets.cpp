@@ -49,7 +49,7 @@ std::string put(const std::string& name, const std::string& bytes) {
 
 struct Run {
   SoundingState s;
-  ScriptedDialogs dialogs;
+  BatchDialogs dialogs{nullptr};
   RecordingForms forms;
   Session session{s, dialogs, forms};
   Run() { s.WorkMode = mode::kFile; }

@@ -55,7 +55,15 @@ std::vector<std::string> ScriptedDialogs::texts() const {
 Answer BatchDialogs::message(const std::string& text, Buttons buttons, Icon icon,
                              const std::string& title) {
   if (sink_) sink_(text);
-  return ScriptedDialogs::message(text, buttons, icon, title);
+  // The same question again after an error box (a write that failed and is offered once more):
+  // batch work takes the way out instead of going round for ever.
+  const size_t n = messages.size();
+  const bool asked_again =
+      buttons != Buttons::Ok && answers.empty() && n >= 2 && messages[n - 2].text == text &&
+      (messages[n - 1].icon == Icon::Exclamation || messages[n - 1].icon == Icon::Critical);
+  const Answer answer = ScriptedDialogs::message(text, buttons, icon, title);
+  if (!asked_again) return answer;
+  return buttons == Buttons::OkCancel ? Answer::Cancel : Answer::No;
 }
 
 std::optional<std::string> BatchDialogs::input(const std::string& prompt, const std::string& title,

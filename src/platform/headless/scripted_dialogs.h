@@ -43,8 +43,9 @@ class ScriptedDialogs : public Dialogs {
 
 // Dialogs for batch work: answered as scripted (questions Yes, file dialogs cancelled unless a
 // choice is queued), except that an input box with no queued answer keeps its proposed text, as a
-// user pressing Enter would. Every message also goes to a sink (standard error in the batch
-// command).
+// user pressing Enter would, and that a question asked again right after an error box is answered
+// No (Cancel): a write that keeps failing is left, not tried for ever. Every message also goes to a
+// sink (standard error in the batch command).
 class BatchDialogs : public ScriptedDialogs {
  public:
   using Sink = void (*)(const std::string&);
