@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "model/geometric_factor.h"
 #include "core/runtime/arithmetic.h"
 #include "core/sounding_file.h"
 #include "model/forward.h"
+#include "model/geometric_factor.h"
 #include "model/splice_shift.h"
 #include "platform/headless/scripted_dialogs.h"
 

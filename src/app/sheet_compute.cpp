@@ -1,10 +1,10 @@
 // Compute: the sheet into `FieldTable`.
 #include "app/field_sheet.h"
-#include "model/geometric_factor.h"
 #include "core/fill_sheet.h"
 #include "core/runtime/arithmetic.h"
 #include "core/runtime/discipline.h"
 #include "core/runtime/number_text.h"
+#include "model/geometric_factor.h"
 #include "model/splice_shift.h"
 
 namespace tellux {

@@ -306,9 +306,9 @@ void direct_diagram(Session& session, DrawingSurface& printer, const std::string
   printer.DrawWidth(3);
   const int32_t mark = s.ColourGrid ? 0xFF : s.SuperposedColour;
   // The size the screen's frame gives the marks, when no frame was drawn yet.
-  const double m = s.MarkHalfSize > 0 ? s.MarkHalfSize
-                                      : (s.DecadeEnd + s.RhoDecadeEnd - s.RhoDecadeStart -
-                                         s.DecadeStart) * 0.0018;
+  const double m = s.MarkHalfSize > 0
+                       ? s.MarkHalfSize
+                       : (s.DecadeEnd + s.RhoDecadeEnd - s.RhoDecadeStart - s.DecadeStart) * 0.0018;
   for (int n = 1; n <= field_rows(s); ++n)
     skip([&] {
       if (!inside_limits(s, n)) return;

@@ -121,7 +121,9 @@ TEST_F(SettingsFile, KeysAreFoundWithoutRegardToCaseAndOlderFilesInWindows1252) 
 // One byte that is not UTF-8 makes its own line Windows-1252, not the file; lines the program
 // does not change are written back byte for byte.
 TEST_F(SettingsFile, EachLineKeepsItsOwnEncodingAndUnchangedLinesTheirBytes) {
-  const std::string old_line = "File 1=C:\\Donn\xE9" "es\\a.TX3";  // Windows-1252
+  const std::string old_line =
+      "File 1=C:\\Donn\xE9"
+      "es\\a.TX3";  // Windows-1252
   const std::string utf8_line = "File 2=/home/é/b.TX3";
   load("[File]\r\n" + old_line + "\r\n" + utf8_line + "\r\n[Profile]\r\nVscale=500\r\n");
   EXPECT_EQ(s.RecentFiles[1], "C:\\Données\\a.TX3");

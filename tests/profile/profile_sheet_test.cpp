@@ -152,7 +152,8 @@ TEST_F(ProfileSheetTest, ColourScaleLoadsInterpolatesAndSaves) {
   EXPECT_EQ(c.ClassBox[16].BackColor, 0x123456);
 
   ASSERT_TRUE(c.Command10_Click(settings, path("t.ini")));
-  EXPECT_NE(read("t.ini").find("[PALETTE_A]\nAmplitude1=69782\nAmplitude2=2437540\n"), std::string::npos);
+  EXPECT_NE(read("t.ini").find("[PALETTE_A]\nAmplitude1=69782\nAmplitude2=2437540\n"),
+            std::string::npos);
 }
 
 }  // namespace
