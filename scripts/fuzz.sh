@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds the fuzz targets with clang, libFuzzer, AddressSanitizer and UBSan, and runs each for
-# SECONDS (default 60) on its corpus under tests/fuzz/. New inputs go to build-fuzz/corpus/, and a
+# SECONDS (default 60) or a million executions, whichever comes first, on its corpus under tests/fuzz/. New inputs go to build-fuzz/corpus/, and a
 # crash leaves its reproducer in build-fuzz/; copy reproducers into the target's corpus folder so
 # that the replay test keeps them.
 #   scripts/fuzz.sh [SECONDS] [TARGET...]
@@ -22,7 +22,7 @@ for t in "${targets[@]}"; do
   # The converters write into the current folder: a scratch one, with absolute corpus paths.
   mkdir -p "build-fuzz/corpus/$t" "build-fuzz/scratch"
   echo "== $t"
-  (cd build-fuzz/scratch && "$root/build-fuzz/tests/fuzz_$t" -max_total_time="$seconds" \
+  (cd build-fuzz/scratch && "$root/build-fuzz/tests/fuzz_$t" -max_total_time="$seconds" -runs=1000000 \
     -max_len=65536 -timeout=5 -rss_limit_mb=2048 -print_final_stats=1 \
     "$root/build-fuzz/corpus/$t" "$root/tests/fuzz/$t" 2>&1 |
     grep -E "^(stat::number_of_executed_units|stat::peak_rss_mb|#[0-9]+ +DONE)|ERROR|SUMMARY" || true)
