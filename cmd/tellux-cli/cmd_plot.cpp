@@ -14,6 +14,7 @@
 #include "model/forward.h"
 #include "pictures.h"
 #include "platform/headless/recording_surface.h"
+#include "platform/qt/atomic_output.h"
 #include "platform/qt/qt_drawing_surface.h"
 #include "platform/tee_surface.h"
 #include "plot/bilog_frame.h"
@@ -31,8 +32,8 @@ struct Size {
 // The diagram on an A4 landscape page, as vectors: the picture's operations are painted again
 // on the PDF, scaled to the page inside margins of 15 mm. The writer works at the picture's own
 // resolution so that the text keeps its size against the lines.
-bool write_pdf(const QtDrawingSurface& picture, const QString& path, const QString& title) {
-  QPdfWriter pdf(path);
+bool paint_pdf(const QtDrawingSurface& picture, QIODevice& out, const QString& title) {
+  QPdfWriter pdf(&out);
   pdf.setTitle(title);
   pdf.setCreator(QStringLiteral("Tellux 6.4"));
   pdf.setResolution(96);
@@ -48,6 +49,10 @@ bool write_pdf(const QtDrawingSurface& picture, const QString& path, const QStri
   p.setRenderHint(QPainter::Antialiasing, true);
   picture.render(p);
   return p.end();
+}
+
+QString write_pdf(const QtDrawingSurface& picture, const QString& path, const QString& title) {
+  return write_through_buffer(path, [&](QIODevice& out) { return paint_pdf(picture, out, title); });
 }
 
 struct PlotOptions {
@@ -107,9 +112,9 @@ int draw(Cli& cli, const PlotOptions& o) {
   bool written = true;
   const auto output = [&](const std::string& path, const char* key, auto&& write) {
     if (path.empty()) return;
-    const bool ok = write(path);
-    if (!ok) Cli::complain("cannot write " + path);
-    written = written && ok;
+    const QString why = write(path);
+    if (!why.isEmpty()) Cli::complain("cannot write " + path + ": " + why.toStdString());
+    written = written && why.isEmpty();
     j[key] = text(path);
   };
   output(o.png, "Png",
@@ -120,7 +125,9 @@ int draw(Cli& cli, const PlotOptions& o) {
   output(o.pdf, "Pdf", [&](const std::string& p) {
     return write_pdf(picture, QString::fromStdString(p), QString::fromStdString(s.FileName));
   });
-  output(o.ops, "Ops", [&](const std::string& p) { return record.save(p); });
+  output(o.ops, "Ops", [&](const std::string& p) {
+    return record.save(p) ? QString() : QStringLiteral("cannot write");
+  });
   j["Messages"] = cli.messages();
   cli.print(j);
   return written ? cli.status() : 1;

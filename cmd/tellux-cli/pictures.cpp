@@ -2,9 +2,10 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 
 #include "cli.h"
+#include "core/runtime/errors.h"
+#include "core/runtime/token_file.h"
 #include "platform/qt/qt_page_painter.h"
 
 namespace tellux::cli {
@@ -63,9 +64,11 @@ bool write_page_outputs(const PageDocument& page, const PageOutputs& out) {
       check(page_file(out.png, p), write_png(page, p - 1, page_file(out.png, p)));
   }
   if (!out.ops.empty()) {
-    std::ofstream file(out.ops, std::ios::binary);
-    file << page.text();
-    if (!file) check(QString::fromStdString(out.ops), QStringLiteral("write error"));
+    try {
+      rt::write_file_atomically(out.ops, page.text());
+    } catch (const rt::RuntimeError& e) {
+      check(QString::fromStdString(out.ops), QString::fromStdString(e.reason()));
+    }
   }
   return written;
 }

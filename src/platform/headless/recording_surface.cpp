@@ -1,7 +1,9 @@
 #include "platform/headless/recording_surface.h"
 
+#include "core/runtime/errors.h"
+#include "core/runtime/token_file.h"
+
 #include <cstdio>
-#include <fstream>
 
 namespace tellux {
 
@@ -23,9 +25,12 @@ std::string RecordingSurface::text() const {
 }
 
 bool RecordingSurface::save(const std::string& path) const {
-  std::ofstream out(path, std::ios::binary);
-  out << text();
-  return static_cast<bool>(out.flush());
+  try {
+    rt::write_file_atomically(path, text());
+    return true;
+  } catch (const rt::RuntimeError&) {
+    return false;
+  }
 }
 
 std::string RecordingSurface::xy(float x, float y) const {

@@ -5,6 +5,8 @@
 #include <QSvgGenerator>
 #include <cmath>
 
+#include "platform/qt/atomic_output.h"
+
 namespace tellux {
 
 QColor to_qcolor(int32_t colour) {
@@ -55,11 +57,17 @@ const QImage& QtDrawingSurface::image() {
   return image_;
 }
 
-bool QtDrawingSurface::save_png(const QString& path) { return image().save(path, "PNG"); }
+QString QtDrawingSurface::save_png(const QString& path) {
+  return write_through_buffer(path, [&](QIODevice& out) { return image().save(&out, "PNG"); });
+}
 
-bool QtDrawingSurface::save_svg(const QString& path, const QString& title) {
+QString QtDrawingSurface::save_svg(const QString& path, const QString& title) {
+  return write_through_buffer(path, [&](QIODevice& out) { return paint_svg(out, title); });
+}
+
+bool QtDrawingSurface::paint_svg(QIODevice& out, const QString& title) {
   QSvgGenerator svg;
-  svg.setFileName(path);
+  svg.setOutputDevice(&out);
   svg.setSize(image_.size());
   svg.setViewBox(QRect(QPoint(0, 0), image_.size()));
   // The image's resolution, so that the text has the same size in both pictures.

@@ -30,8 +30,9 @@ class QtDrawingSurface : public DrawingSurface {
   int height() const { return image_.height(); }
   // The picture as drawn so far.
   const QImage& image();
-  bool save_png(const QString& path);
-  bool save_svg(const QString& path, const QString& title = QString());
+  // Write the picture; the reason of a failure, empty when written.
+  QString save_png(const QString& path);
+  QString save_svg(const QString& path, const QString& title = QString());
   // Paints everything drawn since the last `Cls` with `painter` (an SVG generator, a printer).
   void render(QPainter& painter) const;
 
@@ -71,6 +72,7 @@ class QtDrawingSurface : public DrawingSurface {
   static constexpr int32_t kBackColour = 0xF0F0F0;
 
  private:
+  bool paint_svg(QIODevice& out, const QString& title);
   enum class Kind { Fill, Line, Box, FilledBox, Point, Text };
   struct Op {
     Kind kind = Kind::Line;

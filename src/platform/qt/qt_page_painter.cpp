@@ -1,6 +1,5 @@
 #include "platform/qt/qt_page_painter.h"
 
-#include <QBuffer>
 #include <QFont>
 #include <QFontMetricsF>
 #include <QImage>
@@ -11,8 +10,7 @@
 #include <QPrinter>
 #include <QSvgGenerator>
 
-#include "core/runtime/errors.h"
-#include "core/runtime/token_file.h"
+#include "platform/qt/atomic_output.h"
 #include "platform/qt/qt_drawing_surface.h"
 
 namespace tellux {
@@ -101,22 +99,6 @@ void paint_footer(const PageDocument& d, QPainter& painter) {
   painter.drawText(band, (right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter, text);
 }
 
-// Writes what `fill` put in a buffer to `path` through a temporary file.
-template <typename Fill>
-QString write_through_buffer(const QString& path, Fill&& fill) {
-  QBuffer buffer;
-  buffer.open(QIODevice::WriteOnly);
-  if (!fill(buffer)) return QStringLiteral("nothing to write");
-  try {
-    const QByteArray& bytes = buffer.data();
-    rt::write_file_atomically(path.toStdString(),
-                              std::string_view(bytes.constData(), bytes.size()));
-  } catch (const rt::RuntimeError& e) {
-    return QString::fromStdString(e.reason().empty() ? "cannot write" : e.reason());
-  }
-  return {};
-}
-
 }  // namespace
 
 void paint_page(const PageDocument& document, int index, QPainter& painter, const QRectF& target) {
@@ -134,7 +116,7 @@ void paint_page(const PageDocument& document, int index, QPainter& painter, cons
 }
 
 QString write_pdf(const PageDocument& document, const QString& path) {
-  return write_through_buffer(path, [&](QBuffer& buffer) {
+  return write_through_buffer(path, [&](QIODevice& buffer) {
     if (document.PageCount() == 0) return false;
     QPdfWriter pdf(&buffer);
     pdf.setResolution(1440);
@@ -153,7 +135,7 @@ QString write_pdf(const PageDocument& document, const QString& path) {
 }
 
 QString write_svg(const PageDocument& document, int index, const QString& path) {
-  return write_through_buffer(path, [&](QBuffer& buffer) {
+  return write_through_buffer(path, [&](QIODevice& buffer) {
     if (index < 0 || index >= document.PageCount()) return false;
     QSvgGenerator svg;
     svg.setOutputDevice(&buffer);
@@ -168,7 +150,7 @@ QString write_svg(const PageDocument& document, int index, const QString& path) 
 }
 
 QString write_png(const PageDocument& document, int index, const QString& path, int dpi) {
-  return write_through_buffer(path, [&](QBuffer& buffer) {
+  return write_through_buffer(path, [&](QIODevice& buffer) {
     if (index < 0 || index >= document.PageCount()) return false;
     const double f = dpi / kTwipsPerInch;
     QImage image(static_cast<int>(document.PageWidth * f),
