@@ -147,17 +147,20 @@ const std::vector<std::string>& target_names() {
   return names;
 }
 
-void run_target(const std::string& name, const uint8_t* data, size_t size) {
+void run_reader(const std::string& name, const std::string& bytes) {
   const auto found = targets().find(name);
-  if (found == targets().end() || size > 64 * 1024) return;
+  if (found == targets().end()) return;
   Run run;
-  const std::string bytes(reinterpret_cast<const char*>(data), size);
   try {
     found->second(run, bytes);
   } catch (const rt::RuntimeError&) {
     return;  // an error the program traps at a higher level
   }
   if (name != "val" && name != "ini") run.use();
+}
+
+void run_target(const std::string& name, const uint8_t* data, size_t size) {
+  if (size <= 64 * 1024) run_reader(name, std::string(reinterpret_cast<const char*>(data), size));
 }
 
 }  // namespace tellux::fuzz

@@ -16,4 +16,7 @@ const std::vector<std::string>& target_names();
 // converters write beside the current folder: run it from a scratch folder.
 void run_target(const std::string& name, const uint8_t* data, size_t size);
 
+// The same without the fuzzing's bound of 64 KB on the input, for the benchmarks.
+void run_reader(const std::string& name, const std::string& bytes);
+
 }  // namespace tellux::fuzz
