@@ -30,12 +30,10 @@ TEST(ReadTx3, ShowsTheOpenDialogAndOpensTheChoice) {
   EXPECT_EQ(request.filter + "|" + request.title + "|" + request.proposed,
             "Tellux 5 & 6 (*.TX3)|*.TX3|Tellux 2.2 (*.TXW)|*.TXW|Tellux 1.0 (*.TXE)|*.TXE|"
             "TL! DOS (*.SEV)|*.SEV|TELLUX File selection|*.TX3");
-  EXPECT_EQ(o.s.FileName, "sample.TX3");
-  EXPECT_EQ(o.s.FileDir, open_data(""));
+  EXPECT_EQ(o.s.FileDir + "|" + o.s.FileName, open_data("") + "|sample.TX3");
   EXPECT_EQ(o.forms.recent_captions[1], "&1 " + path);
-  EXPECT_EQ(o.s.FieldCount, 5);
-  EXPECT_EQ(o.s.WorkMode, "NORMAL");
-  EXPECT_FALSE(o.s.FreshStart);
+  EXPECT_EQ(std::tuple(o.s.FieldCount, o.s.WorkMode, o.s.FreshStart),
+            std::tuple(5, "NORMAL", false));
   EXPECT_EQ(o.forms.caption, "Tellux [" + path + "]");
   EXPECT_LT(position(o.forms, "caption Tellux 6.4 [" + path + "]"),
             position(o.forms, "caption Tellux [" + path + "]"));
@@ -50,14 +48,14 @@ TEST(ReadTx3, CancelChangesNothingButThePointer) {
   o.s.ModelEverComputed = o.s.SetupRedrawMark = true;
   EXPECT_FALSE(Read_TX3(o.session));
   EXPECT_EQ(o.forms.log, (std::vector<std::string>{"pointer bilog 11", "pointer bilog 2"}));
-  EXPECT_EQ(o.s.FieldCount, 9);
-  EXPECT_EQ(o.s.FileName, "old.TX3");
-  EXPECT_TRUE(o.s.ModelEverComputed);
-  EXPECT_TRUE(o.s.RecentFiles[1].empty());
+  EXPECT_EQ(std::tuple(o.s.FieldCount, o.s.FileName, o.s.ModelEverComputed, o.s.RecentFiles[1]),
+            std::tuple(9, "old.TX3", true, ""));
   EXPECT_FALSE(NFile(o.session));
   EXPECT_FALSE(o.s.ModelEverComputed || o.s.SetupRedrawMark);
 }
 
+// Without a model, the sheet alone; the field table is emptied but the TX3 reader never lowers
+// the largest spacing, and the older readers start it again from 1.
 TEST(OpenSounding, AModelOpensTheModelWindowAfterUnloadingItThenFillsTheSheet) {
   OpenSession o;
   o.s.FilePath = open_data("sample.TX3");
@@ -69,32 +67,23 @@ TEST(OpenSounding, AModelOpensTheModelWindowAfterUnloadingItThenFillsTheSheet) {
   EXPECT_TRUE(std::is_sorted(std::begin(steps), std::end(steps)));
   EXPECT_EQ(steps[3], steps[4] - 1);
   OpenSession bare;
+  bare.s.FieldCount = 40;
+  bare.s.FieldTable(30, 1) = bare.s.MaxAbHalf = 500;
+  bare.s.CommentText = "previous";
+  bare.s.ModelEverComputed = true;
   bare.s.FilePath = open_data("nomodel.TX3");
   open_sounding(bare.session);
   EXPECT_EQ(bare.forms.model_window_shown, 0);
   EXPECT_EQ(position(bare.forms, "tab 0"), -1);
   EXPECT_GE(position(bare.forms, "unload model"), 0);
   EXPECT_EQ(bare.forms.log.back(), "fill sheet");
-}
-
-TEST(OpenSounding, EmptiesTheFieldTableButKeepsTheLargestSpacingOfATx3) {
-  OpenSession o;
-  o.s.FieldCount = 40;
-  o.s.FieldTable(30, 1) = 500.0;
-  o.s.MaxAbHalf = 500;
-  o.s.CommentText = "previous";
-  o.s.ModelEverComputed = true;
-  o.s.FilePath = open_data("nomodel.TX3");
-  open_sounding(o.session);
-  EXPECT_EQ(o.s.FieldCount, 2);
-  EXPECT_TRUE(o.s.FieldTable(30, 1).empty());
-  EXPECT_EQ(o.s.MaxAbHalf, 500);  // the TX3 reader never lowers it
-  EXPECT_EQ(o.s.CommentText, "");
-  EXPECT_FALSE(o.s.ModelEverComputed);
-  // The older readers start again from 1.
-  o.s.FilePath = open_data("sample.TXE");
-  open_sounding(o.session);
-  EXPECT_EQ(o.s.MaxAbHalf, 25);
+  EXPECT_TRUE(bare.s.FieldTable(30, 1).empty());
+  EXPECT_EQ(
+      std::tuple(bare.s.FieldCount, bare.s.MaxAbHalf, bare.s.CommentText, bare.s.ModelEverComputed),
+      std::tuple(2, 500, "", false));
+  bare.s.FilePath = open_data("sample.TXE");
+  open_sounding(bare.session);
+  EXPECT_EQ(bare.s.MaxAbHalf, 25);
 }
 
 // The first entry keeps the list but reads the file again; the third is entered again at the top
@@ -126,9 +115,8 @@ TEST(RecentFiles, AnEmptyEntryAndTheLastFile) {
   last.s.RecentFiles[1] = open_data("sample.SEV");
   load_last_file(last.session);
   EXPECT_TRUE(last.dialogs.messages.empty());
-  EXPECT_EQ(last.s.FileName, "sample.TX3");
-  EXPECT_EQ(last.s.RecentFiles[1], open_data("sample.SEV"));
-  EXPECT_EQ(last.s.FieldCount, 5);
+  EXPECT_EQ(std::tuple(last.s.FileName, last.s.RecentFiles[1], last.s.FieldCount),
+            std::tuple("sample.TX3", open_data("sample.SEV"), 5));
 }
 
 // The name is cut after the last separator of either kind; without a separator the first
@@ -141,9 +129,8 @@ TEST(OpenSounding, NamesAreCutAfterTheLastSeparatorAndRenamed) {
   OpenSession o;
   o.s.FilePath = "D:\\Campagne 1989\\SE12.SEV";
   open_sounding(o.session);
-  EXPECT_EQ(o.s.FileName, "SE12.TX3");
-  EXPECT_EQ(o.s.FilePath, "D:\\Campagne 1989\\SE12.TX3");
-  EXPECT_EQ(o.s.FileDir, "D:\\Campagne 1989\\");
+  EXPECT_EQ(o.s.FileDir + "|" + o.s.FileName + "|" + o.s.FilePath,
+            "D:\\Campagne 1989\\|SE12.TX3|D:\\Campagne 1989\\SE12.TX3");
   OpenSession bare;
   bare.s.FilePath = "xSE12.SEV";
   open_sounding(bare.session);
