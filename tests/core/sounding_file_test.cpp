@@ -91,12 +91,10 @@ TEST_F(SoundingFileTest, OlderLayoutsDivideByTheirOwnScales) {
   write("d.TXW", txw);
   s.LayerModel(11, 1) = 99.0;
   open("d.TXW", 2);
-  EXPECT_EQ(s.FormatLevel, 2);
   EXPECT_EQ(row(s, 1), (std::vector<float>{10, 1000, 0.5f, 0.1f, 5, 0.1f}));
-  EXPECT_DOUBLE_EQ(s.LayerModel(10, 1), 100.0);
   EXPECT_TRUE(s.LayerModel(11, 1).empty());  // rows 11 to 20 stay empty
-  EXPECT_EQ(s.CommentText, "only comment");
-  EXPECT_EQ(s.GraphTitle, "");
+  EXPECT_EQ(std::tuple(s.FormatLevel, s.LayerModel(10, 1).num(), s.CommentText, s.GraphTitle),
+            std::tuple(2, 100.0, "only comment", ""));
   // Files that end early carry no message.
   EXPECT_TRUE(dialogs.messages.empty());
 }
@@ -148,16 +146,12 @@ class WriteTest : public SoundingFileTest {
     s.FieldCount = 2;
     const Cell first[] = {1.5f, 123.456f, 0.5f, 12.34f, 123456.78, 12.5, 1.0f};
     for (int c = 1; c <= 7; ++c) s.FieldTable(1, c) = first[c - 1];
-    s.FieldTable(2, 1) = 3.0;
-    s.FieldTable(2, 2) = 0.5;
-    s.FieldTable(2, 6) = 13.5;
-    s.LayerModel(1, 1) = 100.0;
-    s.LayerModel(1, 2) = 2.5;
-    s.LayerModel(2, 1) = 10.004;
-    s.CommentText = "été";
-    s.DataOrigin = "PASI";
-    s.LocationX = "12.5";
-    s.FileName = "old.TX3";
+    std::tie(s.FieldTable(2, 1), s.FieldTable(2, 2), s.FieldTable(2, 6)) =
+        std::tuple(3.0, 0.5, 13.5);
+    std::tie(s.LayerModel(1, 1), s.LayerModel(1, 2), s.LayerModel(2, 1)) =
+        std::tuple(100.0, 2.5, 10.004);
+    std::tie(s.CommentText, s.DataOrigin, s.LocationX, s.FileName) =
+        std::tuple("été", "PASI", "12.5", "old.TX3");
   }
 };
 
@@ -174,10 +168,8 @@ TEST_F(WriteTest, WritesTheFormatAndReadsBackTheSameRecord) {
   EXPECT_NE(text.find("\r\n\"été\"\r\n\"PASI\"\r\n\"\"\r\n\"12.5\"\r\n"), std::string::npos);
 
   // The writer's own results: caption, mode at rest, the recent-file head.
-  EXPECT_EQ(forms.caption, "Tellux [" + p + "]");
-  EXPECT_EQ(s.WorkMode, "");
-  EXPECT_EQ(s.RecentFiles[1], p);
-  EXPECT_EQ(forms.recent_captions[1], "&1 " + p);
+  EXPECT_EQ(std::tuple(forms.caption, s.WorkMode, s.RecentFiles[1], forms.recent_captions[1]),
+            std::tuple("Tellux [" + p + "]", "", p, "&1 " + p));
   s.LayerModel.erase();
   s.CommentText.clear();
   open("w.TX3");
@@ -209,11 +201,9 @@ TEST_F(WriteTest, AsksFirstAndOffersTheDialogOnNo) {
   const FileDialogRequest& asked = dialogs.file_requests[0];
   EXPECT_EQ(asked.filter + "|" + asked.title, "File Tellux (*.TX3)|*.TX3|Record TELLUX File");
   EXPECT_TRUE(asked.overwrite_prompt);
-  EXPECT_EQ(p, path("renamed.TX3"));
-  EXPECT_EQ(s.FileName, "renamed.TX3");
-  EXPECT_EQ(s.FileDir, (dir_ / "").string());
-  EXPECT_TRUE(std::filesystem::exists(path("renamed.TX3")));
-  EXPECT_FALSE(std::filesystem::exists(path("renamed.dat")));
+  EXPECT_EQ(std::tuple(p, s.FileDir, s.FileName),
+            std::tuple(path("renamed.TX3"), (dir_ / "").string(), "renamed.TX3"));
+  EXPECT_TRUE(std::filesystem::exists(p) && !std::filesystem::exists(path("renamed.dat")));
 }
 
 TEST_F(WriteTest, TheDialogsNameRules) {
@@ -224,8 +214,7 @@ TEST_F(WriteTest, TheDialogsNameRules) {
     dialogs.save_choices = {path(typed)};
     std::string p;
     ASSERT_TRUE(write_sounding_file(session, p));
-    EXPECT_EQ(s.FileName, saved);
-    EXPECT_EQ(p, path(saved));
+    EXPECT_EQ(std::tuple(s.FileName, p), std::tuple(saved, path(saved)));
   }
   EXPECT_TRUE(dialogs.messages.empty());
   // Cancelled, nothing is written and the mode comes to rest.
