@@ -6,6 +6,7 @@
 #include "core/older_formats.h"
 #include "core/open_flow.h"
 #include "open_test_support.h"
+#include "session_fixture.h"
 
 namespace tellux {
 namespace {
@@ -145,9 +146,10 @@ TEST(OlderFormats, ShortDamagedOrMissingFilesOpenQuietlyAndKeepWhatWasRead) {
 }
 
 // The TX3 is written beside the TXE; cancelled, the conversion ends with the cross pointer.
-TEST(TxeConversion, WritesTheTx3BesideTheTxe) {
-  test::TempFolder folder("convert");
-  const std::string txe = folder.file("field.TXE"), tx3 = folder.file("field.TX3");
+using TxeConversion = testing::SessionTest;
+
+TEST_F(TxeConversion, WritesTheTx3BesideTheTxe) {
+  const std::string txe = path("field.TXE"), tx3 = path("field.TX3");
   std::filesystem::copy_file(open_data("sample.TXE"), txe);
   OpenSession o;
   o.dialogs.open_choices.push_back({txe});

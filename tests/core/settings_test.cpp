@@ -9,7 +9,7 @@
 #include "core/language.h"
 #include "core/runtime/token_file.h"
 #include "core/settings.h"
-#include "open_test_support.h"
+#include "session_fixture.h"
 
 namespace tellux {
 namespace {
@@ -21,23 +21,26 @@ auto axes(SoundingState& s) {
 }
 
 // A settings file in a fresh folder, and the record and settings it loads into.
-class SettingsFile : public ::testing::Test {
+class SettingsFile : public testing::SessionTest {
  protected:
+  void SetUp() override {
+    SessionTest::SetUp();
+    ini = path("Tellux6.ini");
+  }
   void load(const std::string& text) {
-    std::ofstream(path, std::ios::binary) << text;
-    load_settings(s, st, path);
+    std::ofstream(ini, std::ios::binary) << text;
+    load_settings(s, st, ini);
   }
   // Saves, then loads into `back` and `back_st`.
   void save_and_reload() {
-    ASSERT_TRUE(save_settings(s, st, path));
-    load_settings(back, back_st, path);
+    ASSERT_TRUE(save_settings(s, st, ini));
+    load_settings(back, back_st, ini);
   }
-  std::string text() const { return rt::read_whole_file(path); }
+  std::string text() const { return rt::read_whole_file(ini); }
   bool has(const std::string& part) const { return text().find(part) != std::string::npos; }
 
-  test::TempFolder folder{::testing::UnitTest::GetInstance()->current_test_info()->name()};
-  std::string path = folder.file("Tellux6.ini");
-  SoundingState s, back;
+  std::string ini;
+  SoundingState back;
   Settings st, back_st;
 };
 
@@ -48,7 +51,7 @@ TEST_F(SettingsFile, WithoutAFileEveryDefaultHolds) {
   s.SpreadTag = "2";
   st.LargePlot = 5;
   st.BottomMargin = 5;
-  load_settings(s, st, folder.file("missing.ini"));
+  load_settings(s, st, path("missing.ini"));
   EXPECT_EQ(axes(s), std::tuple(-1, 0, 4, 10000, 0, 1, 4, 10000));
   EXPECT_EQ(letter_from_flags(s.Language, "?"), "E");
   EXPECT_EQ(s.SpreadTag, "0");
@@ -57,8 +60,8 @@ TEST_F(SettingsFile, WithoutAFileEveryDefaultHolds) {
 }
 
 TEST_F(SettingsFile, WhatIsSavedWithTheConfigurationKeptLoadsBackTheSame) {
-  path = folder.file("Tellux/Tellux6.ini");  // the folder is made by the save
-  load_settings(s, st, path);
+  ini = path("Tellux/Tellux6.ini");  // the folder is made by the save
+  load_settings(s, st, ini);
   s.FileDir = "/home/geo/soundings/";
   s.Language = language_from_letter("S");
   s.SpreadTag = "1";
@@ -141,13 +144,13 @@ TEST_F(SettingsFile, DamagedValuesKeepTheirDefaultsAndLongValuesAreWhole) {
 TEST_F(SettingsFile, SavingKeepsKeysItDoesNotOwnAndThePaletteIsWrittenApart) {
   load("; written by hand\n[PALETTE_A]\nAmplitude1=1\n[Other]\nkey=value\n");
   st.Amplitude[1] = 99;
-  ASSERT_TRUE(save_settings(s, st, path));
+  ASSERT_TRUE(save_settings(s, st, ini));
   EXPECT_TRUE(has("; written by hand") && has("[Other]\nkey=value") && has("Amplitude1=1\n"));
   EXPECT_FALSE(has("[Tellux]"));
-  ASSERT_TRUE(save_palette(st, path));
-  load_settings(back, back_st, path);
+  ASSERT_TRUE(save_palette(st, ini));
+  load_settings(back, back_st, ini);
   EXPECT_EQ(std::tuple(back_st.Amplitude[1], back_st.Amplitude[2]), std::tuple(99, 71646));
-  EXPECT_FALSE(save_settings(s, st, path + "/Tellux6.ini"));
+  EXPECT_FALSE(save_settings(s, st, ini + "/Tellux6.ini"));
 }
 
 TEST(SettingsPath, ComesFromTelluxIniOrTheConfigurationFolder) {
