@@ -87,7 +87,7 @@ TEST(OpenSounding, AModelOpensTheModelWindowAfterUnloadingItThenFillsTheSheet) {
 }
 
 // The first entry keeps the list but reads the file again; the third is entered again at the top
-// (a TXW is renamed, the list keeps its path).
+// (a TXW is renamed, the list keeps its path); the last file opened at start is entry one.
 TEST(RecentFiles, OpeningAnEntry) {
   OpenSession o;
   const std::string first = open_data("sample.TX3"), third = open_data("sample.TXW");
@@ -102,11 +102,7 @@ TEST(RecentFiles, OpeningAnEntry) {
   EXPECT_EQ(o.forms.recent_captions[4], "&4 " + third);
   EXPECT_EQ(o.forms.recent_captions[5], "&5 d");
   EXPECT_EQ(o.s.FileName, "sample.TX3");
-}
-
-// An empty entry ends in the reader's message; the last file opened at start is entry one.
-TEST(RecentFiles, AnEmptyEntryAndTheLastFile) {
-  OpenSession o;
+  // An empty entry ends in the reader's message.
   o.s.RecentFiles = {"", "a", "", "", "", ""};
   open_recent(o.session, 2);
   EXPECT_EQ(o.dialogs.texts(), std::vector<std::string>{"First, select a SEV File... "});
