@@ -31,10 +31,9 @@ TEST(ReadTx3, ShowsTheOpenDialogAndOpensTheChoice) {
             "Tellux 5 & 6 (*.TX3)|*.TX3|Tellux 2.2 (*.TXW)|*.TXW|Tellux 1.0 (*.TXE)|*.TXE|"
             "TL! DOS (*.SEV)|*.SEV|TELLUX File selection|*.TX3");
   EXPECT_EQ(o.s.FileDir + "|" + o.s.FileName, open_data("") + "|sample.TX3");
-  EXPECT_EQ(o.forms.recent_captions[1], "&1 " + path);
-  EXPECT_EQ(std::tuple(o.s.FieldCount, o.s.WorkMode, o.s.FreshStart),
-            std::tuple(5, "NORMAL", false));
-  EXPECT_EQ(o.forms.caption, "Tellux [" + path + "]");
+  EXPECT_EQ(std::tuple(o.s.FieldCount, o.s.WorkMode, o.s.FreshStart, o.forms.recent_captions[1],
+                       o.forms.caption),
+            std::tuple(5, "NORMAL", false, "&1 " + path, "Tellux [" + path + "]"));
   EXPECT_LT(position(o.forms, "caption Tellux 6.4 [" + path + "]"),
             position(o.forms, "caption Tellux [" + path + "]"));
 }
@@ -43,8 +42,7 @@ TEST(ReadTx3, ShowsTheOpenDialogAndOpensTheChoice) {
 // before it.
 TEST(ReadTx3, CancelChangesNothingButThePointer) {
   OpenSession o;
-  o.s.FieldCount = 9;
-  o.s.FileName = "old.TX3";
+  std::tie(o.s.FieldCount, o.s.FileName) = std::tuple(9, "old.TX3");
   o.s.ModelEverComputed = o.s.SetupRedrawMark = true;
   EXPECT_FALSE(Read_TX3(o.session));
   EXPECT_EQ(o.forms.log, (std::vector<std::string>{"pointer bilog 11", "pointer bilog 2"}));
@@ -67,14 +65,13 @@ TEST(OpenSounding, AModelOpensTheModelWindowAfterUnloadingItThenFillsTheSheet) {
   EXPECT_TRUE(std::is_sorted(std::begin(steps), std::end(steps)));
   EXPECT_EQ(steps[3], steps[4] - 1);
   OpenSession bare;
-  bare.s.FieldCount = 40;
-  bare.s.FieldTable(30, 1) = bare.s.MaxAbHalf = 500;
-  bare.s.CommentText = "previous";
-  bare.s.ModelEverComputed = true;
+  std::tie(bare.s.FieldCount, bare.s.MaxAbHalf, bare.s.CommentText, bare.s.ModelEverComputed) =
+      std::tuple(40, 500, "previous", true);
+  bare.s.FieldTable(30, 1) = 500.0;
   bare.s.FilePath = open_data("nomodel.TX3");
   open_sounding(bare.session);
-  EXPECT_EQ(bare.forms.model_window_shown, 0);
-  EXPECT_EQ(position(bare.forms, "tab 0"), -1);
+  EXPECT_EQ(std::tuple(bare.forms.model_window_shown, position(bare.forms, "tab 0")),
+            std::tuple(0, -1));
   EXPECT_GE(position(bare.forms, "unload model"), 0);
   EXPECT_EQ(bare.forms.log.back(), "fill sheet");
   EXPECT_TRUE(bare.s.FieldTable(30, 1).empty());
