@@ -18,17 +18,12 @@ TEST(IniFile, NamesAreComparedWithoutRegardToCaseAndBlanksAreTrimmed) {
   EXPECT_FALSE(ini.get("Nowhere", "x"));
   EXPECT_EQ(ini.read("Tellux", "empty", "d"), "");
   EXPECT_EQ(ini.read("Tellux", "missing", "d"), "d");
-  const std::tuple<const char*, const char*, bool> names[] = {
-      {"couleur_du_modèle", "COULEUR_DU_MODÈLE", true},
-      {"À-Þ", "à-þ", true},
-      {"AZ", "az", true},
-      {"@", "`", false},
-      {"[", "{", false},
-      {"modele", "modèle", false},
-      {"×", "÷", false},
-      {"ab", "abc", false},
-      {"abc", "ab", false}};
-  for (auto [a, b, same] : names) EXPECT_EQ(same_name(a, b), same) << a << " " << b;
+  const std::pair<const char*, const char*> same[] = {
+      {"couleur_du_modèle", "COULEUR_DU_MODÈLE"}, {"À-Þ", "à-þ"}, {"AZ", "az"}};
+  const std::pair<const char*, const char*> differ[] = {
+      {"@", "`"}, {"[", "{"}, {"modele", "modèle"}, {"×", "÷"}, {"ab", "abc"}, {"abc", "ab"}};
+  for (auto [a, b] : same) EXPECT_TRUE(same_name(a, b)) << a;
+  for (auto [a, b] : differ) EXPECT_FALSE(same_name(a, b)) << a << " " << b;
 }
 
 TEST(IniFile, SetReplacesInPlaceAddsNewSectionsAfterABlankLineAndQuotesBlankEnds) {
