@@ -49,8 +49,7 @@ TEST_F(SettingsFile, WithoutAFileEveryDefaultHolds) {
   axes(s) = std::tuple(2, 3, 2, 3, 2, 3, 2, 3);
   s.Language = language_from_letter("F");
   s.SpreadTag = "2";
-  st.LargePlot = 5;
-  st.BottomMargin = 5;
+  std::tie(st.LargePlot, st.BottomMargin) = std::tuple(5, 5);
   load_settings(s, st, path("missing.ini"));
   EXPECT_EQ(axes(s), std::tuple(-1, 0, 4, 10000, 0, 1, 4, 10000));
   EXPECT_EQ(letter_from_flags(s.Language, "?"), "E");
@@ -62,16 +61,13 @@ TEST_F(SettingsFile, WithoutAFileEveryDefaultHolds) {
 TEST_F(SettingsFile, WhatIsSavedWithTheConfigurationKeptLoadsBackTheSame) {
   ini = path("Tellux/Tellux6.ini");  // the folder is made by the save
   load_settings(s, st, ini);
-  s.FileDir = "/home/geo/soundings/";
+  std::tie(s.FileDir, s.SpreadTag) = std::tuple("/home/geo/soundings/", "1");
   s.Language = language_from_letter("S");
-  s.SpreadTag = "1";
   axes(s) = std::tuple(0, 1, 3, 1000, -2, 0, 6, 1000000);
   std::tie(s.ShowModelSteps, s.ShowErrorCurve, s.GridColour) = std::tuple(-1, 1, 1);
   s.RecentFiles = {"", "/a/one.TX3", "/b/two.TX3", "", "", ""};
-  st.SevFile = "/opt/tellux/DATADIP.TXT";
-  st.BottomMargin = 1300;
-  st.PointsColourName = "BLUE";
-  st.garder_config = true;
+  std::tie(st.SevFile, st.BottomMargin, st.PointsColourName, st.garder_config) =
+      std::tuple("/opt/tellux/DATADIP.TXT", 1300, "BLUE", true);
   save_and_reload();
   EXPECT_EQ(held_settings(back, back_st).text(), held_settings(s, st).text());
   EXPECT_EQ(std::tuple(letter_from_flags(back.Language), back.Spread, back_st.GraphicalProg),

@@ -33,9 +33,7 @@ std::vector<float> row(const SoundingState& s, int r) {
 class SoundingFileTest : public SessionTest {
  protected:
   bool open(const std::string& name, int16_t level = 3) {
-    s.FileName = name;
-    s.FilePath = path(name);
-    s.FormatLevel = level;
+    std::tie(s.FileName, s.FilePath, s.FormatLevel) = std::tuple(name, path(name), level);
     return read_sounding_file(session, s.FilePath);
   }
 };
@@ -45,9 +43,7 @@ class SoundingFileTest : public SessionTest {
 TEST_F(SoundingFileTest, ReadsTheCurrentLayoutWithItsScalesAndKeepsThePreviousModel) {
   write("a.TX3", twelve_rows_tx3());
   write("short.TX3", "1.5\r\n20,1000,0,0,0,0\r\n");
-  s.LayerModel(1, 1) = 7.0;
-  s.LayerModel(1, 2) = 3.0;
-  s.LayerCount = 1;
+  std::tie(s.LayerModel(1, 1), s.LayerModel(1, 2), s.LayerCount) = std::tuple(7.0, 3.0, 1);
   ASSERT_TRUE(open("a.TX3"));
   EXPECT_TRUE(dialogs.messages.empty());
   EXPECT_EQ(std::tuple(s.FormatLevel, s.ResistScale, s.FieldCount, s.MaxAbHalf),
@@ -130,8 +126,8 @@ TEST_F(SoundingFileTest, DamagedFilesKeepWhatWasReadAndSayReadingFileError) {
     write("d.TX3", content);
     EXPECT_FALSE(open("d.TX3")) << content;
     ASSERT_EQ(dialogs.texts(), std::vector<std::string>{"Reading File Error..."}) << content;
-    EXPECT_EQ(dialogs.messages[0].icon, Icon::Exclamation);
-    EXPECT_TRUE(s.ModelOutdated);
+    EXPECT_EQ(std::tuple(dialogs.messages[0].icon, s.ModelOutdated),
+              std::tuple(Icon::Exclamation, true));
     for (int i = 1; i <= rows_kept; ++i) EXPECT_GT(s.FieldTable(i, 1).num(), 0) << content << i;
   }
   EXPECT_EQ(s.FieldCount, 1);  // the last case's first line
