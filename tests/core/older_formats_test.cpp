@@ -83,7 +83,8 @@ TEST(SevFile, RowsWithALayerLeaveTheReadingsEmptyAndTheOthersZero) {
   }
 }
 
-// Thickness and depth of the layer rows not in a short TXE are not scaled either.
+// Fewer than ten layer rows in a TXE leave the rest as it stood: thickness and depth of the rows
+// not in the file are not scaled either.
 TEST(TxeFile, FewerThanTenLayerRowsLeaveTheRestAsItStood) {
   OpenSession o;
   std::tie(o.s.LayerModel(6, 1), o.s.LayerModel(6, 2), o.s.LayerModel(6, 3)) =

@@ -20,27 +20,9 @@ int position(const RecordingForms& forms, const std::string& line) {
   return it == forms.log.end() ? -1 : static_cast<int>(it - forms.log.begin());
 }
 
-TEST(ReadTx3, ShowsTheOpenDialogAndOpensTheChoice) {
-  OpenSession o;
-  const std::string path = open_data("sample.TX3");
-  o.dialogs.open_choices.push_back({path});
-  EXPECT_TRUE(Read_TX3(o.session));
-  ASSERT_EQ(o.dialogs.file_requests.size(), 1u);
-  const FileDialogRequest& request = o.dialogs.file_requests[0];
-  EXPECT_EQ(request.filter + "|" + request.title + "|" + request.proposed,
-            "Tellux 5 & 6 (*.TX3)|*.TX3|Tellux 2.2 (*.TXW)|*.TXW|Tellux 1.0 (*.TXE)|*.TXE|"
-            "TL! DOS (*.SEV)|*.SEV|TELLUX File selection|*.TX3");
-  EXPECT_EQ(o.s.FileDir + "|" + o.s.FileName, open_data("") + "|sample.TX3");
-  EXPECT_EQ(std::tuple(o.s.FieldCount, o.s.WorkMode, o.s.FreshStart, o.forms.recent_captions[1],
-                       o.forms.caption),
-            std::tuple(5, "NORMAL", false, "&1 " + path, "Tellux [" + path + "]"));
-  EXPECT_LT(position(o.forms, "caption Tellux 6.4 [" + path + "]"),
-            position(o.forms, "caption Tellux [" + path + "]"));
-}
-
 // Cancelled, the dialog changes nothing but the pointer; the menu entry clears the computed marks
-// before it.
-TEST(ReadTx3, CancelChangesNothingButThePointer) {
+// before it. Then the dialog is shown again and its choice opened.
+TEST(ReadTx3, CancelChangesNothingButThePointerThenTheChoiceIsOpened) {
   OpenSession o;
   std::tie(o.s.FieldCount, o.s.FileName) = std::tuple(9, "old.TX3");
   o.s.ModelEverComputed = o.s.SetupRedrawMark = true;
@@ -50,6 +32,19 @@ TEST(ReadTx3, CancelChangesNothingButThePointer) {
             std::tuple(9, "old.TX3", true, ""));
   EXPECT_FALSE(NFile(o.session));
   EXPECT_FALSE(o.s.ModelEverComputed || o.s.SetupRedrawMark);
+  const std::string path = open_data("sample.TX3");
+  o.dialogs.open_choices.push_back({path});
+  EXPECT_TRUE(Read_TX3(o.session));
+  const FileDialogRequest& request = o.dialogs.file_requests.at(1);
+  EXPECT_EQ(request.filter + "|" + request.title + "|" + request.proposed,
+            "Tellux 5 & 6 (*.TX3)|*.TX3|Tellux 2.2 (*.TXW)|*.TXW|Tellux 1.0 (*.TXE)|*.TXE|"
+            "TL! DOS (*.SEV)|*.SEV|TELLUX File selection|*.TX3");
+  EXPECT_EQ(o.s.FileDir + "|" + o.s.FileName, open_data("") + "|sample.TX3");
+  EXPECT_EQ(std::tuple(o.s.FieldCount, o.s.WorkMode, o.s.FreshStart, o.forms.recent_captions[1],
+                       o.forms.caption),
+            std::tuple(5, "NORMAL", false, "&1 " + path, "Tellux [" + path + "]"));
+  EXPECT_LT(position(o.forms, "caption Tellux 6.4 [" + path + "]"),
+            position(o.forms, "caption Tellux [" + path + "]"));
 }
 
 // Without a model, the sheet alone; the field table is emptied but the TX3 reader never lowers
