@@ -49,8 +49,8 @@ TEST_F(SoundingFileTest, ReadsTheCurrentLayoutWithItsScalesAndKeepsThePreviousMo
   EXPECT_EQ(std::tuple(s.FormatLevel, s.ResistScale, s.FieldCount, s.MaxAbHalf),
             std::tuple(5, 100, 12, 400));
   EXPECT_EQ(row(s, 2), (std::vector<float>{15, 101.5f, 0.5f, 123.4f, 43.2f, 100}));
-  EXPECT_EQ(s.FieldTable(2, 7).num(), s.FieldTable(2, 2).num());
-  EXPECT_EQ(s.FieldTable(2, 1).kind(), rt::Kind::Single);
+  EXPECT_EQ(std::tuple(s.FieldTable(2, 7).num(), s.FieldTable(2, 1).kind()),
+            std::tuple(s.FieldTable(2, 2).num(), rt::Kind::Single));
   EXPECT_EQ(
       std::tuple(s.LayerModel(2, 1).num(), s.LayerModel(2, 2).num(), s.LayerModel(3, 3).num()),
       std::tuple(50.0, 10.0, 12.0));
