@@ -5,13 +5,12 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
 #include <nlohmann/json.hpp>
-#include <sstream>
 #include <string>
 
+#include "core/runtime/token_file.h"
 #include "core/session.h"
 #include "core/sounding_file.h"
 #include "platform/headless/scripted_dialogs.h"
@@ -25,23 +24,18 @@ struct Outcome {
   std::string out, err;
 };
 
-std::string slurp(const fs::path& p) {
-  std::ifstream in(p, std::ios::binary);
-  std::stringstream ss;
-  ss << in.rdbuf();
-  return ss.str();
-}
+std::string slurp(const fs::path& p) { return tellux::rt::read_whole_file(p.string()); }
 
 // One folder per process: CTest runs the cases side by side.
 const fs::path kTmp = fs::temp_directory_path() / ("tellux-cli-test-" + std::to_string(::getpid()));
 const std::string kSample = TELLUX_SOURCE_DIR "/samples/three_layers.TX3";
 
 // Runs a command line through the shell with a settings file of its own.
-Outcome run(const std::string& args, const std::string& env = "") {
+Outcome run(const std::string& args) {
   fs::create_directories(kTmp);
   const fs::path out = kTmp / "out", err = kTmp / "err";
-  const std::string line = "TELLUX_INI=" + (kTmp / "Tellux6.ini").string() + " " + env + " " +
-                           args + " >" + out.string() + " 2>" + err.string();
+  const std::string line = "TELLUX_INI=" + (kTmp / "Tellux6.ini").string() + " " + args + " >" +
+                           out.string() + " 2>" + err.string();
   const int raw = std::system(line.c_str());
   return {WIFEXITED(raw) ? WEXITSTATUS(raw) : -1, slurp(out), slurp(err)};
 }
@@ -56,11 +50,7 @@ Outcome cli(const std::string& args) { return run(std::string(TELLUX_CLI) + " " 
 
 TEST(BatchCommand, ArgumentsStatusAndStreams) {
   const fs::path missing = kTmp / "missing.TX3";
-  struct Case {
-    std::string args;
-    int status;
-    std::string in_out, in_err;
-  } cases[] = {
+  const std::tuple<std::string, int, std::string, std::string> cases[] = {
       {"--help", 0, "compute", ""},
       {"fit --help", 0, "--thickness-decimals", ""},
       {"--version", 0, "6.4", ""},
@@ -79,40 +69,21 @@ TEST(BatchCommand, ArgumentsStatusAndStreams) {
       // The model opened is the only one stored: its curve goes out without a failed run.
       {"export-txl " + kSample + " --out " + (kTmp / "s.txt").string(), 0, "\"Messages\":[]", ""},
   };
-  for (const Case& c : cases) {
-    const Outcome r = cli(c.args);
-    EXPECT_EQ(r.status, c.status) << c.args << "\n" << r.err;
-    EXPECT_NE(r.out.find(c.in_out), std::string::npos) << c.args << "\n" << r.out;
-    EXPECT_NE(r.err.find(c.in_err), std::string::npos) << c.args << "\n" << r.err;
-    if (c.args.find("open ") != std::string::npos || c.status == 2) {
-      EXPECT_EQ(r.out, "") << c.args;
-    }
+  for (const auto& [args, status, in_out, in_err] : cases) {
+    const Outcome r = cli(args);
+    EXPECT_EQ(r.status, status) << args << "\n" << r.err;
+    EXPECT_NE(r.out.find(in_out), std::string::npos) << args << "\n" << r.out;
+    EXPECT_NE(r.err.find(in_err), std::string::npos) << args << "\n" << r.err;
+    EXPECT_TRUE(r.out.empty() || (args.find("open ") == args.npos && status != 2)) << args;
   }
-}
-
-TEST(BatchCommand, EveryCommandIsInTheUsageAndTheReadme) {
-  const std::string usage = cli("--help").out;
-  const std::string readme = slurp(TELLUX_SOURCE_DIR "/README.md");
-  const std::string commands = usage.substr(usage.find("Subcommands:"));
-  std::istringstream lines(commands);
-  std::string line;
-  int seen = 0;
-  while (std::getline(lines, line)) {
-    if (line.rfind("  ", 0) != 0 || line[2] == ' ') continue;
-    const std::string name = line.substr(2, line.find(' ', 2) - 2);
-    EXPECT_NE(readme.find("tellux-cli " + name), std::string::npos) << name;
-    ++seen;
-  }
-  EXPECT_GE(seen, 8);
 }
 
 // Batch work reads the settings file and leaves it as it was; numbers keep their exact values;
 // text that is not UTF-8 leaves as UTF-8.
 TEST(BatchCommand, LeavesSettingsAloneAndKeepsValuesExact) {
   fs::create_directories(kTmp);
-  const fs::path ini = kTmp / "Tellux6.ini";
+  const fs::path ini = kTmp / "Tellux6.ini", copy = kTmp / "latin1.TX3";
   fs::remove(ini);
-  const fs::path copy = kTmp / "latin1.TX3";
   std::string bytes = slurp(kSample);
   bytes.replace(bytes.find("Synthetic"), 9, "Sondage \xE9lectrique");
   std::ofstream(copy, std::ios::binary) << bytes;
@@ -127,9 +98,7 @@ TEST(BatchCommand, LeavesSettingsAloneAndKeepsValuesExact) {
   tellux::ScriptedDialogs dialogs;
   tellux::Forms forms;
   tellux::Session session{s, dialogs, forms};
-  std::string path = copy.string();
-  s.FileName = path;
-  s.FormatLevel = 3;
+  std::string path = s.FileName = copy.string();
   ASSERT_TRUE(tellux::read_sounding_file(session, path));
   for (int i = 1; i <= s.FieldCount; ++i)
     for (int c = 1; c <= 7; ++c)

@@ -6,54 +6,35 @@
 namespace tellux {
 namespace {
 
+// Readings go out with the number text, K cut to six characters; a row with a resistivity only
+// fills AB/2 and resistivity; the sheet is emptied first, its header kept.
 TEST(FillSheet, WritesTheReadingsWithTheNumberTextAndKCutToSixCharacters) {
   SoundingState s;
   GridModel grid(51, 7);
   grid.set_text(0, 2, "AB/2");
   grid.set_text(9, 3, "stale");
   s.FieldCount = 2;
-  s.FieldTable(1, 1) = 1.5f;
-  s.FieldTable(1, 2) = 120.5f;
-  s.FieldTable(1, 3) = 0.5f;
-  s.FieldTable(1, 4) = 123.4f;
-  s.FieldTable(1, 5) = 1234.567f;
-  s.FieldTable(1, 6) = 10.0f;
-  s.FieldTable(2, 1) = 10.0f;  // a row with a resistivity only
+  const float first[] = {1.5f, 120.5f, 0.5f, 123.4f, 1234.567f, 10.0f};
+  for (int c = 1; c <= 6; ++c) s.FieldTable(1, c) = first[c - 1];
+  s.FieldTable(2, 1) = 10.0f;
   s.FieldTable(2, 2) = 60.5f;
   fill_sheet(s, grid);
-
-  EXPECT_EQ(grid.text(1, 1), " .5");
-  EXPECT_EQ(grid.text(1, 2), " 1.5");
-  EXPECT_EQ(grid.text(1, 3), " 123.4");
-  EXPECT_EQ(grid.text(1, 4), " 10");
-  EXPECT_EQ(grid.text(1, 5), " 1234.");
-  EXPECT_EQ(grid.text(1, 6), " 120.5");
-  for (int c : {1, 3, 4, 5}) EXPECT_EQ(grid.text(2, c), "") << c;
-  EXPECT_EQ(grid.text(2, 2), " 10");
-  EXPECT_EQ(grid.text(2, 6), " 60.5");
+  const char* rows[][6] = {{" .5", " 1.5", " 123.4", " 10", " 1234.", " 120.5"},
+                           {"", " 10", "", "", "", " 60.5"}};
+  for (int r = 1; r <= 2; ++r)
+    for (int c = 1; c <= 6; ++c) EXPECT_EQ(grid.text(r, c), rows[r - 1][c - 1]) << r << c;
   EXPECT_EQ(grid.text(9, 3), "");
   EXPECT_EQ(grid.text(0, 2), "AB/2");
   EXPECT_TRUE(grid.redraw);
-}
-
-TEST(FillSheet, WennerShowsNoMnButItsK) {
-  SoundingState s;
+  // Wenner shows no MN/2 but its K.
   s.Spread = SpreadType::Wenner;
-  GridModel grid(51, 7);
-  s.FieldCount = 1;
-  s.FieldTable(1, 1) = 2.0f;
-  s.FieldTable(1, 3) = 2.0f;
-  s.FieldTable(1, 5) = 12.57f;
   fill_sheet(s, grid);
   EXPECT_EQ(grid.text(1, 1), "");
-  EXPECT_EQ(grid.text(1, 5), " 12.57");
-}
-
-TEST(FillSheet, A51stRowHasNoLineButTheSheetComesBack) {
-  SoundingState s;
-  GridModel grid(51, 7);
+  EXPECT_EQ(grid.text(1, 5), " 1234.");
+  // A 51st row has no line, but the sheet comes back.
   s.FieldCount = 51;
   for (int i = 1; i <= 51; ++i) s.FieldTable(i, 1) = static_cast<float>(i);
+  grid.redraw = false;
   EXPECT_NO_THROW(fill_sheet(s, grid));
   EXPECT_EQ(grid.text(50, 2), " 50");
   EXPECT_TRUE(grid.redraw);

@@ -4,90 +4,76 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <map>
 #include <optional>
 
 #include "core/language.h"
 #include "core/runtime/token_file.h"
 #include "core/settings.h"
-#include "open_test_support.h"
+#include "session_fixture.h"
 
 namespace tellux {
 namespace {
 
+// The axis ends of the record: AB/2 decades and ends, resistivity decades and ends.
+auto axes(SoundingState& s) {
+  return std::tie(s.DecadeStart, s.AB2min, s.DecadeEnd, s.AB2max, s.RhoDecadeStart, s.RHOmin,
+                  s.RhoDecadeEnd, s.RHOmax);
+}
+
 // A settings file in a fresh folder, and the record and settings it loads into.
-class SettingsFile : public ::testing::Test {
+class SettingsFile : public testing::SessionTest {
  protected:
-  void write(const std::string& text) { std::ofstream(path, std::ios::binary) << text; }
+  void SetUp() override {
+    SessionTest::SetUp();
+    ini = path("Tellux6.ini");
+  }
   void load(const std::string& text) {
-    write(text);
-    load_settings(s, st, path);
+    std::ofstream(ini, std::ios::binary) << text;
+    load_settings(s, st, ini);
   }
   // Saves, then loads into `back` and `back_st`.
   void save_and_reload() {
-    ASSERT_TRUE(save_settings(s, st, path));
-    load_settings(back, back_st, path);
+    ASSERT_TRUE(save_settings(s, st, ini));
+    load_settings(back, back_st, ini);
   }
-  std::string text() const { return rt::read_whole_file(path); }
+  std::string text() const { return rt::read_whole_file(ini); }
+  bool has(const std::string& part) const { return text().find(part) != std::string::npos; }
 
-  test::TempFolder folder{::testing::UnitTest::GetInstance()->current_test_info()->name()};
-  std::string path = folder.file("Tellux6.ini");
-  SoundingState s, back;
+  std::string ini;
+  SoundingState back;
   Settings st, back_st;
 };
 
+// 0.1 rounds to 0; the second read of the bottom margin gives the default that wins.
 TEST_F(SettingsFile, WithoutAFileEveryDefaultHolds) {
+  axes(s) = std::tuple(2, 3, 2, 3, 2, 3, 2, 3);
   s.Language = language_from_letter("F");
   s.SpreadTag = "2";
-  st.LargePlot = 5;
-  load_settings(s, st, folder.file("missing.ini"));
-  EXPECT_EQ(s.DecadeStart, -1);
-  EXPECT_EQ(s.AB2min, 0);  // 0.1 rounds to 0
-  EXPECT_EQ(s.DecadeEnd, 4);
-  EXPECT_EQ(s.AB2max, 10000);
-  EXPECT_EQ(s.RhoDecadeStart, 0);
-  EXPECT_EQ(s.RHOmin, 1);
-  EXPECT_EQ(s.RhoDecadeEnd, 4);
-  EXPECT_EQ(s.RHOmax, 10000);
-  EXPECT_TRUE(s.Language.English);
-  EXPECT_FALSE(s.Language.French);
+  std::tie(st.LargePlot, st.BottomMargin) = std::tuple(5, 5);
+  load_settings(s, st, path("missing.ini"));
+  EXPECT_EQ(axes(s), std::tuple(-1, 0, 4, 10000, 0, 1, 4, 10000));
+  EXPECT_EQ(letter_from_flags(s.Language, "?"), "E");
   EXPECT_EQ(s.SpreadTag, "0");
-  EXPECT_EQ(st.BottomMargin, 1245);  // the second read's default wins
-  EXPECT_EQ(st.LargePlot, 2000);
-  EXPECT_FALSE(st.garder_config);
+  EXPECT_EQ(std::tuple(st.BottomMargin, st.LargePlot, st.garder_config),
+            std::tuple(1245, 2000, false));
 }
 
 TEST_F(SettingsFile, WhatIsSavedWithTheConfigurationKeptLoadsBackTheSame) {
-  path = folder.file("Tellux/Tellux6.ini");  // the folder is made by the save
-  load_settings(s, st, path);
-  s.FileDir = "/home/geo/soundings/";
+  ini = path("Tellux/Tellux6.ini");  // the folder is made by the save
+  load_settings(s, st, ini);
+  std::tie(s.FileDir, s.SpreadTag) = std::tuple("/home/geo/soundings/", "1");
   s.Language = language_from_letter("S");
-  s.SpreadTag = "1";
-  s.DecadeStart = 0;
-  s.AB2min = 1;
-  s.DecadeEnd = 3;
-  s.AB2max = 1000;
-  s.RhoDecadeStart = -2;
-  s.RHOmin = 0;
-  s.RhoDecadeEnd = 6;
-  s.RHOmax = 1000000;
-  s.ShowModelSteps = -1;
-  s.ShowErrorCurve = 1;
-  s.GridColour = 1;
+  axes(s) = std::tuple(0, 1, 3, 1000, -2, 0, 6, 1000000);
+  std::tie(s.ShowModelSteps, s.ShowErrorCurve, s.GridColour) = std::tuple(-1, 1, 1);
   s.RecentFiles = {"", "/a/one.TX3", "/b/two.TX3", "", "", ""};
-  st.SevFile = "/opt/tellux/DATADIP.TXT";
-  st.BottomMargin = 1300;
-  st.GraphicalProg = " ";
-  st.PointsColourName = "BLUE";
-  st.garder_config = true;
+  std::tie(st.SevFile, st.BottomMargin, st.PointsColourName, st.garder_config) =
+      std::tuple("/opt/tellux/DATADIP.TXT", 1300, "BLUE", true);
   save_and_reload();
   EXPECT_EQ(held_settings(back, back_st).text(), held_settings(s, st).text());
-  EXPECT_TRUE(back.Language.Spanish);
-  EXPECT_EQ(back.Spread, SpreadType::Dipole);
-  EXPECT_EQ(back.RHOmax, 1000000);
-  EXPECT_EQ(back_st.GraphicalProg, " ");
+  EXPECT_EQ(std::tuple(letter_from_flags(back.Language), back.Spread, back_st.GraphicalProg),
+            std::tuple("S", SpreadType::Dipole, " "));
   // The writer spells the key with a capital, the reader finds it all the same.
-  EXPECT_NE(text().find("Modèle=-1"), std::string::npos);
+  EXPECT_TRUE(has("Modèle=-1"));
   EXPECT_EQ(back.ShowModelSteps, -1);
 }
 
@@ -95,122 +81,88 @@ TEST_F(SettingsFile, WhatIsSavedWithTheConfigurationKeptLoadsBackTheSame) {
 TEST_F(SettingsFile, ChoicesOfTheRunAreDroppedUnlessTheConfigurationIsKeptButRecentFilesStay) {
   load("[Tellux]\nLangue=F\nAB2max=3\nRMS=0\nNiveau=0\n");
   s.Language = language_from_letter("S");
-  s.DecadeEnd = 2;
-  s.AB2max = 100;
-  s.ShowErrorCurve = 1;
-  s.SpreadTag = "2";
+  std::tie(s.DecadeEnd, s.AB2max, s.ShowErrorCurve, s.SpreadTag) = std::tuple(2, 100, 1, "2");
   s.RecentFiles = {"", "/x/5.TX3", "/x/4.TX3", "/x/3.TX3", "/x/2.TX3", "/x/1.TX3"};
   save_and_reload();
   EXPECT_EQ(back.RecentFiles, s.RecentFiles);
   EXPECT_EQ(s.DecadeEnd, 2);  // the run keeps its choices; the file does not
-  EXPECT_TRUE(back.Language.French);
-  EXPECT_EQ(back.DecadeEnd, 3);
-  EXPECT_EQ(back.ShowErrorCurve, 0);
-  EXPECT_EQ(back.SpreadTag, "0");
+  EXPECT_EQ(std::tuple(letter_from_flags(back.Language), back.DecadeEnd, back.ShowErrorCurve,
+                       back.SpreadTag),
+            std::tuple("F", 3, 0, "0"));
 }
 
-TEST_F(SettingsFile, KeysAreFoundWithoutRegardToCaseAndOlderFilesInWindows1252) {
-  // "MODÈLE" with È as the single byte of Windows-1252.
-  load("[TELLUX]\r\nMOD\xC8LE=0\r\nrms=1\r\nlangue=A\r\n[file]\r\nFILE 1=C:\\old.TX3\r\n");
-  EXPECT_EQ(s.ShowModelSteps, 0);
-  EXPECT_EQ(s.ShowErrorCurve, 1);
-  EXPECT_TRUE(s.Language.German);
-  EXPECT_EQ(s.RecentFiles[1], "C:\\old.TX3");
-}
-
+// Keys are found without regard to case ("MODÈLE" with È as the single byte of Windows-1252).
 // One byte that is not UTF-8 makes its own line Windows-1252, not the file; lines the program
 // does not change are written back byte for byte.
-TEST_F(SettingsFile, EachLineKeepsItsOwnEncodingAndUnchangedLinesTheirBytes) {
+TEST_F(SettingsFile, KeysFoldTheirCaseAndEachLineKeepsItsOwnEncodingAndBytes) {
   const std::string old_line =
       "File 1=C:\\Donn\xE9"
-      "es\\a.TX3";  // Windows-1252
-  const std::string utf8_line = "File 2=/home/é/b.TX3";
-  load("[File]\r\n" + old_line + "\r\n" + utf8_line + "\r\n[Profile]\r\nVscale=500\r\n");
-  EXPECT_EQ(s.RecentFiles[1], "C:\\Données\\a.TX3");
-  EXPECT_EQ(s.RecentFiles[2], "/home/é/b.TX3");
+      "es\\a.TX3";
+  const std::string utf8_line = "FILE 2=/home/é/b.TX3";
+  load("[TELLUX]\r\nMOD\xC8LE=0\r\nrms=1\r\nlangue=A\r\n[file]\r\n" + old_line + "\r\n" +
+       utf8_line + "\r\n[Profile]\r\nVscale=500\r\n");
+  EXPECT_EQ(std::tuple(s.ShowModelSteps, s.ShowErrorCurve, letter_from_flags(s.Language)),
+            std::tuple(0, 1, "A"));
+  EXPECT_EQ(s.RecentFiles[1] + "|" + s.RecentFiles[2], "C:\\Données\\a.TX3|/home/é/b.TX3");
   save_and_reload();
-  EXPECT_NE(text().find(old_line + "\r\n" + utf8_line + "\r\n"), std::string::npos);
+  EXPECT_TRUE(has(old_line + "\r\n" + utf8_line + "\r\n"));
   EXPECT_EQ(back.RecentFiles[1], "C:\\Données\\a.TX3");
 }
 
+// Axis ends below two become four, exponents give rounded powers (0.01 rounds to 0), the
+// resistivity's end in 32 bits.
 TEST_F(SettingsFile, AxisEndsBelowTwoBecomeFourAndExponentsGiveRoundedPowers) {
   load("[Tellux]\nAB2min=1\nAB2max=1\nRHOmin=-2\nRHOmax=0\n");
-  EXPECT_EQ(s.AB2min, 10);
-  EXPECT_EQ(s.DecadeEnd, 4);
-  EXPECT_EQ(s.AB2max, 10000);
-  EXPECT_EQ(s.RHOmin, 0);  // 0.01 rounds to 0
-  EXPECT_EQ(s.RhoDecadeStart, -2);
-  EXPECT_EQ(s.RhoDecadeEnd, 4);
-  EXPECT_EQ(s.RHOmax, 10000);
+  EXPECT_EQ(std::tuple(s.AB2min, s.DecadeEnd, s.AB2max, s.RHOmin, s.RhoDecadeStart, s.RhoDecadeEnd,
+                       s.RHOmax),
+            std::tuple(10, 4, 10000, 0, -2, 4, 10000));
   load("[Tellux]\nRHOmax=5\n");
-  EXPECT_EQ(s.RHOmax, 100000);  // 32 bits
+  EXPECT_EQ(s.RHOmax, 100000);
 }
 
+// Amplitudes are rounded half to even.
 TEST_F(SettingsFile, DamagedValuesKeepTheirDefaultsAndLongValuesAreWhole) {
   std::string long_path;
   while (long_path.size() < 4090) long_path += "/dossier_é";
   long_path += "/x.TX3";
   load("garbage line\n[Tellux]\nAB2max=abc\nRMS=\n[File]\nColor2=blue\nFile 1=" + long_path +
        "\n[Marge]\nBottom_Margin=1300\n[PALETTE_A]\nAmplitude3=12.5\n");
-  EXPECT_EQ(s.DecadeEnd, 4);
-  EXPECT_EQ(s.AB2max, 10000);
-  EXPECT_EQ(s.ShowErrorCurve, 0);
-  EXPECT_EQ(s.CurveColour, 255);
-  EXPECT_EQ(st.BottomMargin, 1300);
-  EXPECT_EQ(st.Amplitude[3], 12);  // rounded half to even
+  EXPECT_EQ(std::tuple(s.DecadeEnd, s.AB2max, s.ShowErrorCurve, s.CurveColour, st.BottomMargin,
+                       st.Amplitude[3]),
+            std::tuple(4, 10000, 0, 255, 1300, 12));
   EXPECT_EQ(s.RecentFiles[1], long_path);
   save_and_reload();
   EXPECT_EQ(back.RecentFiles[1], long_path);
 }
 
+// Without the configuration kept the section "Tellux" is not written; a folder that cannot be
+// written gives false quietly.
 TEST_F(SettingsFile, SavingKeepsKeysItDoesNotOwnAndThePaletteIsWrittenApart) {
   load("; written by hand\n[PALETTE_A]\nAmplitude1=1\n[Other]\nkey=value\n");
   st.Amplitude[1] = 99;
-  ASSERT_TRUE(save_settings(s, st, path));
-  EXPECT_NE(text().find("; written by hand"), std::string::npos);
-  EXPECT_NE(text().find("[Other]\nkey=value"), std::string::npos);
-  EXPECT_NE(text().find("Amplitude1=1\n"), std::string::npos);
-  EXPECT_EQ(text().find("[Tellux]"), std::string::npos);  // not kept: the section is not written
-  ASSERT_TRUE(save_palette(st, path));
-  load_settings(back, back_st, path);
-  EXPECT_EQ(back_st.Amplitude[1], 99);
-  EXPECT_EQ(back_st.Amplitude[2], 71646);
+  ASSERT_TRUE(save_settings(s, st, ini));
+  EXPECT_TRUE(has("; written by hand") && has("[Other]\nkey=value") && has("Amplitude1=1\n"));
+  EXPECT_FALSE(has("[Tellux]"));
+  ASSERT_TRUE(save_palette(st, ini));
+  load_settings(back, back_st, ini);
+  EXPECT_EQ(std::tuple(back_st.Amplitude[1], back_st.Amplitude[2]), std::tuple(99, 71646));
+  EXPECT_FALSE(save_settings(s, st, ini + "/Tellux6.ini"));
 }
 
-TEST_F(SettingsFile, AFolderThatCannotBeWrittenGivesFalseQuietly) {
-  write("x");
-  EXPECT_FALSE(save_settings(s, st, path + "/Tellux6.ini"));
-}
-
-// Sets environment variables for one test and puts the old values back.
-class ScopedEnvironment {
- public:
-  ~ScopedEnvironment() {
-    for (const auto& [name, value] : saved_)
-      value ? setenv(name.c_str(), value->c_str(), 1) : unsetenv(name.c_str());
-  }
-  void set(const std::string& name, const char* value) {
-    if (!saved_.count(name)) {
-      const char* old = std::getenv(name.c_str());
-      saved_[name] = old ? std::optional<std::string>(old) : std::nullopt;
-    }
-    value ? setenv(name.c_str(), value, 1) : unsetenv(name.c_str());
-  }
-
- private:
-  std::map<std::string, std::optional<std::string>> saved_;
-};
-
-TEST_F(SettingsFile, ThePathComesFromTelluxIniOrTheConfigurationFolder) {
-  ScopedEnvironment env;
-  env.set("TELLUX_INI", "/tmp/elsewhere.ini");
-  env.set("XDG_CONFIG_HOME", "/cfg");
+TEST(SettingsPath, ComesFromTelluxIniOrTheConfigurationFolder) {
+  const char* names[] = {"TELLUX_INI", "XDG_CONFIG_HOME", "HOME"};
+  std::optional<std::string> old[3];
+  for (int i = 0; i < 3; ++i)
+    if (const char* v = std::getenv(names[i])) old[i] = v;
+  setenv("TELLUX_INI", "/tmp/elsewhere.ini", 1);
+  setenv("XDG_CONFIG_HOME", "/cfg", 1);
   EXPECT_EQ(settings_file_path(), "/tmp/elsewhere.ini");
-  env.set("TELLUX_INI", nullptr);
+  unsetenv("TELLUX_INI");
   EXPECT_EQ(settings_file_path(), "/cfg/Tellux/Tellux6.ini");
-  env.set("XDG_CONFIG_HOME", nullptr);
-  env.set("HOME", "/home/geo");
+  unsetenv("XDG_CONFIG_HOME");
+  setenv("HOME", "/home/geo", 1);
   EXPECT_EQ(settings_file_path(), "/home/geo/.config/Tellux/Tellux6.ini");
+  for (int i = 0; i < 3; ++i) old[i] ? setenv(names[i], old[i]->c_str(), 1) : unsetenv(names[i]);
 }
 
 }  // namespace

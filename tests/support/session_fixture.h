@@ -37,13 +37,7 @@ class SessionTest : public ::testing::Test {
   }
   std::string read(const std::string& name) const { return rt::read_whole_file(path(name)); }
 
-  void use_language(char letter) {
-    s.Language = {};
-    s.Language.English = letter == 'E';
-    s.Language.French = letter == 'F';
-    s.Language.Spanish = letter == 'S';
-    s.Language.German = letter == 'A';
-  }
+  void use_language(char l) { s.Language = {l == 'S', l == 'F', l == 'E', l == 'A'}; }
 
   SoundingState s;
   ScriptedDialogs dialogs;
