@@ -51,15 +51,6 @@ TEST_F(ModelOverlayTest, WithTheBoxEachComputeStoresTheModelBefore) {
   EXPECT_EQ(Name.Text, "SAMPLE, SAMPLE, SAMPLE");
 }
 
-TEST_F(ModelOverlayTest, AOneLayerModelIsNotSuperposed) {
-  overlay({"30"});
-  ASSERT_EQ(s.HistoryLast, 1);
-  s.LayerCount = 1;
-  compute_with_second_layer("40");
-  EXPECT_EQ(s.HistoryLast, 0);
-  EXPECT_EQ(s.LayerHistory[1](2, 1).num(), 0);
-}
-
 TEST_F(ModelOverlayTest, TheStoreHoldsTwentyModels) {
   window.Check18_Click(1);
   s.HistoryLast = 18;
@@ -70,71 +61,46 @@ TEST_F(ModelOverlayTest, TheStoreHoldsTwentyModels) {
   EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Maximum 20 soundings superposed"});
   EXPECT_EQ(dialogs.messages[0].icon, Icon::Exclamation);
   EXPECT_EQ(s.HistoryLast, 19);
-  EXPECT_EQ(rho(2), 30);
   window.Ajuste_Button_Click();  // the fit refuses in the same way
   EXPECT_EQ(dialogs.messages.size(), 2u);
 }
 
-TEST_F(ModelOverlayTest, AReadingThatStoredTheModelHoldsTheNextSlot) {
+// A reading that stored the model holds the next slot; a one-layer model is not superposed.
+TEST_F(ModelOverlayTest, AHeldSlotOrAOneLayerModelIsNotStored) {
   s.OverlayHold = 1;
   overlay({"30"});
   EXPECT_EQ(s.HistoryLast, 0);
   EXPECT_EQ(s.OverlayHold, 0);
   compute_with_second_layer("40");
   EXPECT_EQ(s.HistoryLast, 1);
+  s.LayerCount = 1;
+  compute_with_second_layer("50");
+  EXPECT_EQ(s.HistoryLast, 0);
+  EXPECT_EQ(s.LayerHistory[1](2, 1).num(), 0);
 }
 
-// Next at the last model, back at the first, or any step on an outdated curve: a beep only.
-TEST_F(ModelOverlayTest, AStepBeyondTheStoreOrOnAnOutdatedCurveBeeps) {
-  overlay({"30"});
-  screen.ops.clear();
-  window.nextone_Click();
-  EXPECT_EQ(wforms.beeps, 1);
-  EXPECT_EQ(s.HistoryShown, 1);
-  EXPECT_TRUE(screen.ops.empty());
-  EXPECT_EQ(cell(2, 0), "30  ");
-
-  s.ModelOutdated = true;
-  window.lastone_Click();
-  EXPECT_EQ(wforms.beeps, 2);
-  EXPECT_EQ(s.HistoryShown, 1);
-
-  s.ModelOutdated = false;
-  window.lastone_Click();
-  EXPECT_EQ(wforms.beeps, 2);
-  window.lastone_Click();
-  EXPECT_EQ(wforms.beeps, 3);
-  EXPECT_EQ(s.HistoryShown, 0);
-}
-
-TEST_F(ModelOverlayTest, AStepRedrawsEveryCurveAndBringsTheChosenModelToTheGrid) {
+// A step redraws every curve (the session's walk counts them) and brings the chosen model to the
+// grid; a step on an outdated curve only beeps; a compute after the walk adds the grid's model.
+TEST_F(ModelOverlayTest, AStepBringsTheChosenModelToTheGridAndAComputeAddsIt) {
   overlay({"30", "40"});
   screen.ops.clear();
   ws.forward_runs = 0;
   window.Grid1_Click(3, 1);
   window.lastone_Click();
   EXPECT_EQ(s.HistoryShown, 1);
-  EXPECT_EQ(window.Grid2.Text, "2");
-  // The three models in the superposed colour, then the chosen one in its own.
   EXPECT_EQ(ws.forward_runs, 4);
-  EXPECT_EQ(strokes(s.SuperposedColour), 3);
-  EXPECT_EQ(strokes(s.CurveColour), 1);
   EXPECT_EQ(frames(), 0);
-  EXPECT_EQ(cell(2, 0), "30  ");
   EXPECT_EQ(rho(2), 30);
   EXPECT_EQ(s.HistoryBase, 1);
   EXPECT_EQ(window.Grid1.row, 3);
   // The model in work was kept in the slot after the stored ones.
   EXPECT_EQ(s.LayerHistory[3](2, 1).num(), 40);
 
-  window.nextone_Click();
-  EXPECT_EQ(cell(2, 0), "40  ");
-  EXPECT_EQ(window.Grid2.Text, "3");
-}
-
-TEST_F(ModelOverlayTest, AComputeAfterAWalkAddsTheGridsModel) {
-  overlay({"30", "40"});
+  s.ModelOutdated = true;
   window.lastone_Click();
+  EXPECT_EQ(wforms.beeps, 1);
+  EXPECT_EQ(s.HistoryShown, 1);
+  s.ModelOutdated = false;
   window.lastone_Click();
   ASSERT_EQ(cell(2, 0), "20  ");
   compute_with_second_layer("50");
