@@ -19,7 +19,6 @@ TEST_F(ModelGridTest, AResistivityWithoutThicknessOnTheLastRowIsTheHalfSpace) {
   EXPECT_EQ(cell(1, 2), "");
   EXPECT_EQ(cell(3, 2), "15  ");
   EXPECT_EQ(cell(3, 1), "");
-  EXPECT_EQ(cell(4, 0), "");
 
   // Rows below the half space are dropped.
   grid_rows({{"100  ", "5  "}, {"20  ", ""}, {"500  ", "7  "}});
@@ -30,12 +29,17 @@ TEST_F(ModelGridTest, AResistivityWithoutThicknessOnTheLastRowIsTheHalfSpace) {
   EXPECT_EQ(cell(3, 1), "");
 }
 
-TEST_F(ModelGridTest, ABlankResistivityWithAThicknessGetsTheLeastValue) {
-  grid_rows({{"100  ", "5  "}, {"", "10  "}, {"500  ", ""}});
+// The grid rounds what it reads; a blank resistivity with a thickness gets the least value.
+TEST_F(ModelGridTest, TheGridRoundsWhatItReadsAndABlankResistivityIsTheLeastValue) {
+  grid_rows({{"123.4  ", "1.234  "}, {"", "12.34  "}, {"0.25  ", ""}});
   window.ReadModelGrid();
   EXPECT_EQ(s.LayerCount, 3);
+  EXPECT_EQ(rho(1), 123);
+  EXPECT_EQ(h(1), 1.2);
+  EXPECT_EQ(h(2), 12);
   EXPECT_EQ(rho(2), 0.001);
   EXPECT_EQ(cell(2, 0), ".001  ");
+  EXPECT_EQ(cell(3, 0), ".25  ");
 }
 
 TEST_F(ModelGridTest, ThicknessesTakeTheDecimalsOfTheSetup) {
@@ -80,16 +84,6 @@ TEST_F(ModelGridTest, AltitudesFollowTheElevationOfTheSounding) {
   s.GraphTitle = "VES 4";
   window.RefreshModelGrid();
   EXPECT_EQ(Title.Text, "VES 4");
-}
-
-TEST_F(ModelGridTest, TheGridRoundsWhatItReads) {
-  grid_rows({{"123.4  ", "1.234  "}, {"5.678  ", "12.34  "}, {"0.25  ", ""}});
-  window.ReadModelGrid();
-  EXPECT_EQ(rho(1), 123);
-  EXPECT_EQ(h(1), 1.2);
-  EXPECT_EQ(rho(2), 5.7);
-  EXPECT_EQ(h(2), 12);
-  EXPECT_EQ(cell(3, 0), ".25  ");
 }
 
 TEST_F(ModelGridTest, TheOverlayModeOfTheDepthsStopsAtTheFirstLowLayer) {
