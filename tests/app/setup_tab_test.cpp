@@ -51,8 +51,7 @@ class SetupTabTest : public ::testing::Test {
   }
   size_t count(const std::string& suffix) const {
     return static_cast<size_t>(std::count_if(screen.ops.begin(), screen.ops.end(), [&](auto& op) {
-      return op.rfind("LineTo", 0) == 0 && op.size() > suffix.size() &&
-             op.compare(op.size() - suffix.size(), suffix.size(), suffix) == 0;
+      return op.starts_with("LineTo") && op.ends_with(suffix);
     }));
   }
 
