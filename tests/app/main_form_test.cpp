@@ -1,16 +1,8 @@
 // The main window's logic without windows: start-up, the toolbar, the tab rules, the resize
 // rules, the language box and the leaving of the program.
-#include <gtest/gtest.h>
-
-#include <filesystem>
-#include <fstream>
-
 #include "app/application.h"
 #include "core/ini_file.h"
-#include "core/runtime/token_file.h"
-#include "platform/headless/recording_forms.h"
 #include "platform/headless/recording_surface.h"
-#include "platform/headless/scripted_dialogs.h"
 #include "session_fixture.h"
 
 namespace tellux {
@@ -133,12 +125,10 @@ TEST_F(MainFormTest, QuitAfterSaveOnTheSheetKeepsTheRecord) {
   std::filesystem::copy_file(sample("three_layers.TX3"), copy);
   open(copy);
   a.main.SSTab1_Click(kSheetTab);
-  dialogs.answers = {Answer::Yes, Answer::Yes};  // the count, then keep the name
-  a.sheet.SaveButton_Click();
+  a.sheet.SaveButton_Click();  // Yes to the count, then to keeping the name
   const std::string saved = rt::read_whole_file(copy);
   a.sheet.ExitButton_Click();
   EXPECT_GT(a.s.FieldCount, 0);
-  dialogs.answers = {Answer::Yes};
   a.main.Toolbar1_ButtonClick("save");
   EXPECT_EQ(rt::read_whole_file(copy), saved);
 }
