@@ -124,9 +124,14 @@ TEST_F(ModelKeysTest, InsertingBelowTheModelOrWithTwentyLayersBeeps) {
   window.InsLine_Click();
   EXPECT_EQ(wforms.beeps, 2);
   EXPECT_EQ(all_cells(), before);
+  window.delLine_Click();  // Delete then empties the last row
+  EXPECT_EQ(cell(19, 0), "10  ");
+  EXPECT_EQ(cell(20, 0), "");
 }
 
 TEST_F(ModelKeysTest, DeletingALayerLiftsTheOnesBelow) {
+  Z.Text = "100";
+  window.ReadModelGrid();
   s.LayerLocks[3] = 1;
   window.RefreshModelGrid();
   window.Grid1_Click(2, 0);
@@ -134,6 +139,7 @@ TEST_F(ModelKeysTest, DeletingALayerLiftsTheOnesBelow) {
   EXPECT_EQ(cell(2, 0), "500  ");
   EXPECT_EQ(cell(2, 1), "");
   EXPECT_EQ(cell(2, 2), "5  ");
+  EXPECT_EQ(cell(2, 3), "95  ");  // its altitude rises by the thickness taken out
   EXPECT_EQ(cell(3, 0), "");
   EXPECT_EQ(s.LayerLocks[2], 1);
   EXPECT_EQ(window.Grid1.back_colour(2, 0), 65535);

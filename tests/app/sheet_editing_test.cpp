@@ -76,6 +76,7 @@ TEST_F(SheetEditing, DeleteLineMovesTheRowsAndColumnSevenUp) {
     s.FieldTable(i, 7) = 10.0 * i;
   }
   s.FieldTable(51, 7) = 99.0;
+  sheet.BuildGrid.set_text(50, 2, "last");
   s.FieldCount = 4;
   s.CellFresh = 0;
   sheet.BuildGrid.row = 2;
@@ -85,6 +86,8 @@ TEST_F(SheetEditing, DeleteLineMovesTheRowsAndColumnSevenUp) {
   EXPECT_EQ(cell(2, 2), "3");
   EXPECT_EQ(cell(3, 6), "40");
   EXPECT_EQ(cell(4, 2), "");
+  EXPECT_EQ(cell(49, 2), "last");
+  EXPECT_EQ(cell(50, 2), "");  // an empty row comes at the end
   EXPECT_EQ(cell(2, 0), " 2");
   EXPECT_DOUBLE_EQ(table(2, 7), 30);
   EXPECT_DOUBLE_EQ(table(50, 7), 99);  // row 51's copy comes up
