@@ -27,7 +27,7 @@ class ModelOverlayTest : public ModelWindowTest {
   }
 };
 
-TEST_F(ModelOverlayTest, WithoutTheBoxEachComputeEmptiesTheStoreAndTheDiagram) {
+TEST_F(ModelOverlayTest, WithoutTheBoxEachComputeEmptiesTheStoreAndWithItKeepsTheModelBefore) {
   compute_with_second_layer("30");
   compute_with_second_layer("40");
   EXPECT_EQ(s.HistoryLast, 0);
@@ -37,17 +37,14 @@ TEST_F(ModelOverlayTest, WithoutTheBoxEachComputeEmptiesTheStoreAndTheDiagram) {
   EXPECT_EQ(frames(), 2);
   EXPECT_EQ(strokes(s.CurveColour), 2);
   EXPECT_EQ(Name.Text, "SAMPLE");
-}
 
-TEST_F(ModelOverlayTest, WithTheBoxEachComputeStoresTheModelBefore) {
-  overlay({"30", "40"});
+  screen.ops.clear();  // with the box, each compute stores the model before
+  overlay({"30", "50"});
   EXPECT_EQ(s.HistoryLast, 2);
-  EXPECT_EQ(s.LayerHistory[1](2, 1).num(), 20);  // the model at the window's opening
+  EXPECT_EQ(s.LayerHistory[1](2, 1).num(), 40);  // the model before the first of them
   EXPECT_EQ(s.LayerHistory[2](2, 1).num(), 30);
   EXPECT_EQ(s.HistoryCounts[2], 3);
-  EXPECT_EQ(rho(2), 40);  // the model in work is the grid's
-  EXPECT_EQ(window.Grid2.Text, "3");
-  EXPECT_TRUE(window.lastone.Enabled);
+  EXPECT_EQ(rho(2), 50);  // the model in work is the grid's
   // No frame: the earlier curves stay.
   EXPECT_EQ(frames(), 0);
   EXPECT_EQ(Name.Text, "SAMPLE, SAMPLE, SAMPLE");
