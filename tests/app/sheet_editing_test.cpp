@@ -15,7 +15,7 @@ TEST(SheetKeys, PadDigitsAndBothPointsAreTakenOtherKeysDropped) {
     EXPECT_FALSE(sheet_key_char(key)) << key;
 }
 
-TEST_F(SheetEditing, TheFirstKeyAfterACommandReplacesTheCell) {
+TEST_F(SheetEditing, TheFirstKeyAfterACommandReplacesTheCellAndItsUnshiftedValue) {
   s.CellFresh = 0;
   type(4, 2, "\b");  // backspace on an empty cell does nothing
   EXPECT_EQ(cell(4, 2), "");
@@ -30,9 +30,8 @@ TEST_F(SheetEditing, TheFirstKeyAfterACommandReplacesTheCell) {
   EXPECT_EQ(cell(2, 3), "45.3");
   type(2, 3, "\b\bx-");
   EXPECT_EQ(cell(2, 3), "45");
-}
 
-TEST_F(SheetEditing, ANewResistivityDropsTheRowsUnshiftedValue) {
+  // A new resistivity drops the row's unshifted value.
   s.FieldTable(3, 7) = 120.0;
   s.FieldTable(4, 7) = 130.0;
   sheet.BuildGrid.set_text(3, 6, " 120");
@@ -100,13 +99,18 @@ TEST_F(SheetEditing, DeleteLineMovesTheRowsAndColumnSevenUp) {
   EXPECT_EQ(s.FieldCount, 3);
 }
 
-TEST_F(SheetEditing, InsertLineAddsARowAtOneAndLosesTheUnshiftedValueBelow) {
+TEST_F(SheetEditing, InsertLineNeedsASpacingAddsARowAtOneAndLosesTheUnshiftedValueBelow) {
   for (int i = 1; i <= 3; ++i) {
     put_row(i, {"", std::to_string(10 * i), "", "", "", std::to_string(100 * i)});
     s.FieldTable(i, 7) = 100.0 * i;
   }
   sheet.BuildGrid.set_text(50, 2, "last");
   s.FieldCount = 3;
+  sheet.BuildGrid.row = 4;  // no spacing in the current row: a beep only
+  sheet.RecordButton_Click();
+  EXPECT_EQ(sheet_forms.beeps, 1);
+  EXPECT_EQ(cell(4, 2), "");
+  EXPECT_DOUBLE_EQ(table(4, 7), 0);
   sheet.BuildGrid.row = 2;
   sheet.BuildGrid.col = 5;
   sheet.RecordButton_Click();
@@ -126,16 +130,6 @@ TEST_F(SheetEditing, InsertLineAddsARowAtOneAndLosesTheUnshiftedValueBelow) {
   EXPECT_EQ(s.FieldCount, 4);
   EXPECT_DOUBLE_EQ(table(2, 2), 150);
   EXPECT_DOUBLE_EQ(table(3, 7), 200);
-}
-
-TEST_F(SheetEditing, InsertLineNeedsASpacingInTheCurrentRow) {
-  put_row(1, {"", "10", "", "", "", "100"});
-  s.FieldCount = 1;
-  sheet.BuildGrid.row = 2;
-  sheet.RecordButton_Click();
-  EXPECT_EQ(sheet_forms.beeps, 1);
-  EXPECT_EQ(cell(2, 2), "");
-  EXPECT_DOUBLE_EQ(table(2, 7), 0);
 }
 
 // A Schlumberger sounding typed key by key on a new sheet, corrected with the backspace, Insert
