@@ -8,7 +8,7 @@
 namespace tellux::testing {
 namespace {
 
-TEST_F(ModelWindowTest, OpeningTheWindowShowsTheModelAndComputesItsCurve) {
+TEST_F(ModelWindowTest, OpeningTheWindowShowsTheModelComputesItsCurveAndSetsTheControls) {
   sounding();
   s.LayerLocks[2] = 3;  // locks do not survive a load
   window.Form_Load();
@@ -19,22 +19,8 @@ TEST_F(ModelWindowTest, OpeningTheWindowShowsTheModelAndComputesItsCurve) {
   EXPECT_EQ(frames(), 1);
   EXPECT_EQ(Name.Text, "SAMPLE");
   EXPECT_TRUE(dialogs.messages.empty());
-}
 
-TEST_F(ModelWindowTest, AnAutomaticModelIsFittedWhenTheWindowOpens) {
-  sounding();
-  s.LayerModel.erase();
-  AutomaticModel(ws);
-  ASSERT_EQ(s.WorkMode, mode::kAutomatic);
-  ws.forward_runs = 0;
-  window.Form_Load();
-  EXPECT_GT(ws.forward_runs, 20);  // the fit ran
-  EXPECT_EQ(s.WorkMode, "");
-  EXPECT_NEAR(rho(1), 100, 10);
-}
-
-TEST_F(ModelWindowTest, TheSliderAndTheOverlayBoxFollowAndSetTheRecord) {
-  sounding();
+  // The slider and the overlay box follow the record at the load, and set it.
   s.ModelSensitivity = 0.3;
   s.SuperposeCurve = 1;
   window.Form_Load();
@@ -47,6 +33,18 @@ TEST_F(ModelWindowTest, TheSliderAndTheOverlayBoxFollowAndSetTheRecord) {
   EXPECT_EQ(s.SuperposeCurve, -1);
   window.Form_Load();
   EXPECT_EQ(window.Check18.Value, 0);
+}
+
+TEST_F(ModelWindowTest, AnAutomaticModelIsFittedWhenTheWindowOpens) {
+  sounding();
+  s.LayerModel.erase();
+  AutomaticModel(ws);
+  ASSERT_EQ(s.WorkMode, mode::kAutomatic);
+  ws.forward_runs = 0;
+  window.Form_Load();
+  EXPECT_GT(ws.forward_runs, 20);  // the fit ran
+  EXPECT_EQ(s.WorkMode, "");
+  EXPECT_NEAR(rho(1), 100, 10);
 }
 
 // One caption per language family; German shows the English texts.
@@ -82,9 +80,16 @@ TEST_F(ModelWindowTest, SavingWritesTheGridsModel) {
   EXPECT_EQ(again.CommentText, "after the rain");
 }
 
-TEST_F(ModelWindowTest, AMissingFirstThicknessStopsTheCompute) {
+// The shift shows beside the name; a missing first thickness stops the compute.
+TEST_F(ModelWindowTest, TheShiftShowsBesideTheNameAndAMissingFirstThicknessStopsTheCompute) {
   sounding();
+  s.ShiftCurves = 1;
+  use_language('S');
   window.Form_Load();
+  EXPECT_EQ(Text3.Text, "Empalmes compens.");
+  s.ShiftCurves = 0;
+  window.Calcul_Button_Click();
+  EXPECT_EQ(Text3.Text, "");
   screen.ops.clear();
   window.Grid1.set_text(1, 1, "  ");
   use_language('F');
@@ -97,17 +102,6 @@ TEST_F(ModelWindowTest, AMissingFirstThicknessStopsTheCompute) {
   window.Calcul_Button_Click();
   EXPECT_EQ(dialogs.messages.size(), 1u);
   EXPECT_TRUE(window.Grid1.redraw);
-}
-
-TEST_F(ModelWindowTest, TheShiftShowsBesideTheName) {
-  sounding();
-  s.ShiftCurves = 1;
-  use_language('S');
-  window.Form_Load();
-  EXPECT_EQ(Text3.Text, "Empalmes compens.");
-  s.ShiftCurves = 0;
-  window.Calcul_Button_Click();
-  EXPECT_EQ(Text3.Text, "");
 }
 
 TEST_F(ModelWindowTest, TheModelComputeAndFitMenusWorkThroughTheWindow) {
