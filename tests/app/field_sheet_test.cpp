@@ -34,16 +34,6 @@ TEST_F(SheetBuild, CaptionsFollowTheLanguageAndHeadersTheArray) {
   EXPECT_EQ(cell(50, 0), " 50");
 }
 
-TEST_F(SheetBuild, AnUnnamedSoundingBecomesNewOnlyOnce) {
-  sheet.Load_build();
-  EXPECT_EQ(s.FileName, "NEW");
-  EXPECT_EQ(sheet_forms.caption, "Tellux 6.4 [NEW]");
-  sheet_forms.caption.clear();
-  sheet.Load_build();
-  EXPECT_EQ(sheet_forms.caption, "");
-  EXPECT_FALSE(s.ModelEverComputed);
-}
-
 TEST_F(SheetBuild, NewSoundingTakesTheSpacingsOfItsArray) {
   spread_file("DATAVES.TXT", "0.5,1\r\n0.5,2\r\n2.5,10\r\n");
   sheet.BuildGrid.set_text(7, 1, "old");
@@ -62,11 +52,11 @@ TEST_F(SheetBuild, NewSoundingTakesTheSpacingsOfItsArray) {
   EXPECT_EQ(cell(3, 2), " 5");
   EXPECT_EQ(cell(3, 1), " 0");  // the number text of an empty column 1
   EXPECT_EQ(cell(4, 2), "");
-}
 
-TEST_F(SheetBuild, TheSettingNamesTheFileWhenItExists) {
+  // The setting names the file when it exists.
   sev_file = write("mine.txt", "1,3\r\n");
-  spread_file("DATAVES.TXT", "0.5,1\r\n");
+  s.Spread = SpreadType::Schlumberger;
+  s.SpreadTag = "0";
   sheet.Load_build();
   EXPECT_EQ(cell(1, 2), " 3");
 }
@@ -87,11 +77,18 @@ TEST_F(SheetBuild, ASpreadFileReadsAtMost51RowsAndKeepsWhatPrecedesDamage) {
   EXPECT_EQ(cell(3, 2), "");
 }
 
-TEST_F(SheetBuild, AMissingSpreadFileLeavesAnEmptySheetWithoutAMessage) {
+// An unnamed sounding becomes NEW, once; a missing spread file leaves an empty sheet, silently.
+TEST_F(SheetBuild, AMissingSpreadFileLeavesAnEmptySheetNamedNewOnce) {
   sheet.BuildGrid.set_text(2, 2, "old");
   EXPECT_NO_THROW(sheet.Load_build());
   EXPECT_EQ(cell(2, 2), "");
   EXPECT_TRUE(dialogs.messages.empty());
+  EXPECT_EQ(s.FileName, "NEW");
+  EXPECT_EQ(sheet_forms.caption, "Tellux 6.4 [NEW]");
+  sheet_forms.caption.clear();
+  sheet.Load_build();
+  EXPECT_EQ(sheet_forms.caption, "");
+  EXPECT_FALSE(s.ModelEverComputed);
 }
 
 TEST_F(SheetBuild, ANamedSoundingOrAResistivityInRowOneIsFilledFromTheTable) {
@@ -119,8 +116,7 @@ TEST_F(SheetBuild, NewSevEmptiesTheSoundingButKeepsLocationAndCounts) {
   s.LocationX = "512000";
   s.CommentText = "old";
   s.LayerModel(1, 1) = 100.0;
-  s.LayerCount = 3;
-  s.HistoryCounts[2] = 3;
+  s.LayerCount = s.HistoryCounts[2] = 3;
   s.LayerHistory[2](1, 1) = 80.0;
   s.ModelComputed = 1;
   s.FieldTable(20, 2) = 40.0;
@@ -132,10 +128,8 @@ TEST_F(SheetBuild, NewSevEmptiesTheSoundingButKeepsLocationAndCounts) {
   EXPECT_EQ(s.ModelComputed, 0);
   EXPECT_TRUE(s.ModelOutdated);
   EXPECT_EQ(s.SuperposeCurve, -1);
-  EXPECT_EQ(s.LayerCount, 0);
-  EXPECT_DOUBLE_EQ(s.LayerModel(1, 1).num(), 0);
-  EXPECT_EQ(s.HistoryCounts[2], 0);
-  EXPECT_DOUBLE_EQ(table(20, 2), 0);
+  EXPECT_EQ(s.LayerCount + s.HistoryCounts[2], 0);
+  EXPECT_DOUBLE_EQ(s.LayerModel(1, 1).num() + s.LayerHistory[2](1, 1).num() + table(20, 2), 0);
   EXPECT_EQ(s.CommentText, "");
   // Counts, array and origin survive.
   EXPECT_EQ(s.FieldCount, 12);
@@ -162,35 +156,26 @@ TEST(DataDir, TheEnvironmentComesFirstAndTheSourceTreeLast) {
 
 // The shipped spacings make a usable sheet for every array: each row gets a positive factor and
 // the spacings rise.
-TEST(DataDir, ShippedSpreadFilesGivePositiveFactorsForTheirArray) {
+TEST_F(SheetBuild, ShippedSpreadFilesGivePositiveFactorsForTheirArray) {
   setenv("TELLUX_DATA_DIR", TELLUX_SOURCE_DIR "/data", 1);
   const std::pair<SpreadType, const char*> arrays[] = {
       {SpreadType::Schlumberger, "0"}, {SpreadType::Dipole, "1"}, {SpreadType::Wenner, "2"}};
   for (const auto& [spread, tag] : arrays) {
     SCOPED_TRACE(tag);
-    SoundingState s;
-    ScriptedDialogs dialogs;
-    Forms forms;
-    Session session{s, dialogs, forms};
     s.Spread = spread;
     s.SpreadTag = tag;
-    const std::string setting;
-    FieldSheet sheet(session, setting);
-    sheet.Load_build();
+    sheet.New_SEV();
     int rows = 0;
-    for (int i = 1; i <= 50 && !sheet.BuildGrid.text(i, 2).empty(); rows = i++) {
-      sheet.BuildGrid.set_text(i, 3, "100");
-      sheet.BuildGrid.set_text(i, 4, "100");
-    }
+    for (int i = 1; i <= 50 && !cell(i, 2).empty(); rows = i++)
+      put_row(i, {cell(i, 1), cell(i, 2), "100", "100"});
     EXPECT_GE(rows, 20);
     sheet.Compute();
     EXPECT_EQ(s.FieldCount, rows);
     for (int i = 1; i <= rows; ++i) {
-      EXPECT_GT(s.FieldTable(i, 5).num(), 0) << "row " << i;
-      EXPECT_GE(s.FieldTable(i, 1).num(), s.FieldTable(i > 1 ? i - 1 : 1, 1).num());
+      EXPECT_GT(table(i, 5), 0) << "row " << i;
+      EXPECT_GE(table(i, 1), table(i > 1 ? i - 1 : 1, 1));
     }
   }
-  unsetenv("TELLUX_DATA_DIR");
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
-// The manual, the calculator and the graphical program with the desktop's answers scripted.
+// The manual, the calculator, the graphical program and the pictures that leave the program, with
+// the desktop's answers scripted.
 #include "app/help.h"
 
+#include "app/picture_export.h"
 #include "session_fixture.h"
 
 namespace tellux::testing {
@@ -19,10 +21,26 @@ struct ScriptedPrograms : Programs {
   void show_pdf(const std::string& path) override { log.push_back("own view " + path); }
 };
 
+// Pictures that leave the program: names, the question on an existing file, the size message.
+struct RecordingPictures : Pictures {
+  std::vector<std::string> log;
+  std::string write_page(const PageDocument&, int index, const std::string& path) override {
+    log.push_back("write " + std::to_string(index) + " " + path);
+    std::ofstream(path, std::ios::binary) << std::string(2600, 'x');
+    return {};
+  }
+  void copy_page(const PageDocument&, int index) override {
+    log.push_back("copy " + std::to_string(index));
+  }
+  void copy_diagram() override { log.push_back("diagram"); }
+};
+
 class HelpTest : public SessionTest {
  protected:
   ScriptedPrograms programs;
   Settings settings;
+  PageDocument page;
+  RecordingPictures pictures;
 };
 
 TEST_F(HelpTest, TheManualByLanguageInTheViewerOrTheProgramsOwnView) {
@@ -67,6 +85,40 @@ TEST(About, InFrenchOrEnglishWithTheFiltersAndTheWarning) {
   const std::string fr = about_text(s);
   EXPECT_EQ(fr.rfind("Ce programme sert à interpréter les sondages électriques ", 0), 0u);
   EXPECT_NE(fr.find("KOEFOED"), std::string::npos);
+}
+
+TEST(PictureNames, TheReportsAndTheSectionsNames) {
+  EXPECT_EQ(picture_file_name("/d/X.TX3", false), "/d/X.svg");
+  EXPECT_EQ(picture_file_name("/d/X.TX3", true), "/d/Xprofil.svg");
+  EXPECT_EQ(picture_file_name("", false), "svg");
+}
+
+TEST_F(HelpTest, AnExistingFileIsAskedAboutAndTheSizeIsSaid) {
+  s.FilePath = path("X.TX3");
+  write("X.svg", "old");
+  dialogs.inputs = {path("X.svg")};
+  dialogs.answers = {Answer::No};
+  EXPECT_EQ(Record_WMF(session, page, false, pictures), "");
+  EXPECT_EQ(read("X.svg"), "old");
+  EXPECT_TRUE(pictures.log.empty());
+
+  dialogs.inputs = {path("X.svg")};
+  dialogs.answers = {Answer::Yes};
+  EXPECT_EQ(Record_WMF(session, page, false, pictures), path("X.svg"));
+  EXPECT_EQ(pictures.log, (std::vector<std::string>{"copy 0", "write 0 " + path("X.svg")}));
+  EXPECT_EQ(dialogs.texts().back(), path("X.svg") + " 3 Kb has been recorded");
+  EXPECT_EQ(dialogs.messages.back().icon, Icon::Information);
+  EXPECT_EQ(dialogs.messages[0].text, path("X.svg") + " alreday exists, replace this file ?");
+
+  // A cancelled input box leaves an empty name: no file, the recording error.
+  dialogs.inputs = {std::nullopt};
+  EXPECT_EQ(Record_WMF(session, page, true, pictures), "");
+  EXPECT_EQ(dialogs.texts().back(), "Recording File Error...");
+
+  copy_diagram(session, pictures);
+  EXPECT_EQ(pictures.log.back(), "diagram");
+  EXPECT_EQ(dialogs.texts().back(),
+            "Your screen is now recorded in the clipbord, paste in with Crtl+C");
 }
 
 }  // namespace

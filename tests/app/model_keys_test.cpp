@@ -1,4 +1,6 @@
-// Typing in the model grid, fixing values, and inserting and deleting layers.
+// The model grid: typing, fixing values, inserting and deleting layers, and what the grid shows
+// of a model and makes of what was typed.
+#include "model/layer_depths.h"
 #include "model_window_fixture.h"
 
 namespace tellux::testing {
@@ -19,23 +21,7 @@ class ModelKeysTest : public ModelWindowTest {
   }
 };
 
-TEST_F(ModelKeysTest, AFreshCellIsReplacedByTheFirstDigitAndTheNextOnesAdd) {
-  window.Grid1_Click(2, 0);
-  window.Grid1_KeyDown('3');
-  EXPECT_EQ(cell(2, 0), "3  ");
-  window.Grid1_KeyDown('5');
-  EXPECT_EQ(cell(2, 0), "35  ");
-  for (int i = 0; i < 3; ++i) window.Grid1_KeyDown(key::kBackspace);
-  EXPECT_EQ(cell(2, 0), "  ");  // down to the two blanks, no further
-  // The keypad types as the main keys.
-  window.Grid1_Click(1, 1);
-  window.Grid1_KeyDown(key::kPad0 + 1);
-  window.Grid1_KeyDown(key::kPadPoint);
-  window.Grid1_KeyDown(key::kPad0 + 5);
-  EXPECT_EQ(cell(1, 1), "1.5  ");
-  EXPECT_EQ(wforms.beeps, 0);
-}
-
+// Digits, the point and the keypad are typed in the desktop's test; here the refused keys.
 TEST_F(ModelKeysTest, OtherKeysAndTheWorkedOutColumnsBeepAndChangeNothing) {
   window.Grid1_Click(1, 0);
   window.Grid1_KeyDown('A');
@@ -45,6 +31,9 @@ TEST_F(ModelKeysTest, OtherKeysAndTheWorkedOutColumnsBeepAndChangeNothing) {
   // A refused key leaves the cell fresh: the next digit still replaces it.
   window.Grid1_KeyDown('7');
   EXPECT_EQ(cell(1, 0), "7  ");
+  window.Grid1_KeyDown('5');
+  for (int i = 0; i < 3; ++i) window.Grid1_KeyDown(key::kBackspace);
+  EXPECT_EQ(cell(1, 0), "  ");  // down to the two blanks, no further
   window.Grid1_Click(2, 2);
   window.Grid1_KeyDown('1');
   EXPECT_EQ(cell(2, 2), "5  ");
@@ -76,17 +65,13 @@ TEST_F(ModelKeysTest, ADoubleClickFixesAValueAndASecondFreesIt) {
     window.Grid1_DblClick();
     EXPECT_EQ(s.LayerLocks[r], 0) << r;
   }
-  window.Grid1_Click(2, 1);
-  window.Grid1_DblClick();
-  EXPECT_EQ(s.LayerLocks[2], 2);
-  EXPECT_EQ(window.Grid1.back_colour(2, 1), 65535);
-  EXPECT_EQ(window.Grid1.fore_colour(2, 1), 255);
-  window.Grid1_Click(2, 0);
-  window.Grid1_DblClick();
-  EXPECT_EQ(s.LayerLocks[2], 3);
-  window.Grid1_Click(2, 1);
-  window.Grid1_DblClick();
-  EXPECT_EQ(s.LayerLocks[2], 1);
+  // The thickness, the resistivity, the thickness again: locks 2, 3 and 1.
+  for (auto [c, lock] : {std::pair{1, 2}, {0, 3}, {1, 1}}) {
+    window.Grid1_Click(2, c);
+    window.Grid1_DblClick();
+    EXPECT_EQ(s.LayerLocks[2], lock);
+  }
+  EXPECT_EQ(window.Grid1.fore_colour(2, 0), 255);
   EXPECT_EQ(window.Grid1.back_colour(2, 1), 0xFFFFFF);
   EXPECT_EQ(window.Grid1.back_colour(2, 0), 65535);
 }
@@ -112,12 +97,7 @@ TEST_F(ModelKeysTest, InsertingALayerPushesTheOthersOneMetreDown) {
   EXPECT_EQ(depth(4), 16);
 }
 
-TEST_F(ModelKeysTest, InsertingOnTheFirstRowKeepsItsDepthBlankAndBelowTheModelBeeps) {
-  window.Grid1_Click(6, 0);
-  window.InsLine_Click();
-  EXPECT_EQ(wforms.beeps, 1);
-  EXPECT_EQ(cell(6, 0), "");
-
+TEST_F(ModelKeysTest, InsertingOnTheFirstRowKeepsItsDepthBlank) {
   window.Grid1_Click(1, 0);
   window.InsLine_Click();
   EXPECT_EQ(cell(1, 2), "");
@@ -126,21 +106,32 @@ TEST_F(ModelKeysTest, InsertingOnTheFirstRowKeepsItsDepthBlankAndBelowTheModelBe
   EXPECT_EQ(cell(3, 2), "6  ");
 }
 
-TEST_F(ModelKeysTest, InsertingWithTwentyLayersBeepsAndChangesNothing) {
+// Below the model, or with twenty layers, Insert beeps and changes nothing.
+TEST_F(ModelKeysTest, InsertingBelowTheModelOrWithTwentyLayersBeeps) {
+  std::vector<std::string> before = all_cells();
+  window.Grid1_Click(6, 0);
+  window.InsLine_Click();
+  EXPECT_EQ(wforms.beeps, 1);
+  EXPECT_EQ(all_cells(), before);
   for (int r = 1; r <= 20; ++r) {
     window.Grid1.set_text(r, 0, "10  ");
     window.Grid1.set_text(r, 1, r < 20 ? "1  " : "");
   }
   window.ReadModelGrid();
   ASSERT_EQ(s.LayerCount, 20);
-  const std::vector<std::string> before = all_cells();
+  before = all_cells();
   window.Grid1_Click(5, 0);
   window.InsLine_Click();
-  EXPECT_EQ(wforms.beeps, 1);
+  EXPECT_EQ(wforms.beeps, 2);
   EXPECT_EQ(all_cells(), before);
+  window.delLine_Click();  // Delete then empties the last row
+  EXPECT_EQ(cell(19, 0), "10  ");
+  EXPECT_EQ(cell(20, 0), "");
 }
 
 TEST_F(ModelKeysTest, DeletingALayerLiftsTheOnesBelow) {
+  Z.Text = "100";
+  window.ReadModelGrid();
   s.LayerLocks[3] = 1;
   window.RefreshModelGrid();
   window.Grid1_Click(2, 0);
@@ -148,6 +139,7 @@ TEST_F(ModelKeysTest, DeletingALayerLiftsTheOnesBelow) {
   EXPECT_EQ(cell(2, 0), "500  ");
   EXPECT_EQ(cell(2, 1), "");
   EXPECT_EQ(cell(2, 2), "5  ");
+  EXPECT_EQ(cell(2, 3), "95  ");  // its altitude rises by the thickness taken out
   EXPECT_EQ(cell(3, 0), "");
   EXPECT_EQ(s.LayerLocks[2], 1);
   EXPECT_EQ(window.Grid1.back_colour(2, 0), 65535);
@@ -174,6 +166,102 @@ TEST_F(ModelKeysTest, DeletingTheFirstTheLastOrAnEmptyRow) {
   EXPECT_EQ(cell(2, 1), "");
   window.ReadModelGrid();
   EXPECT_EQ(s.LayerCount, 2);
+}
+
+// The model grid against the record: what the grid shows of a model, and what a typed grid makes
+// of the model.
+
+TEST_F(ModelKeysTest, AResistivityWithoutThicknessOnTheLastRowIsTheHalfSpace) {
+  grid_rows({{"100  ", "5  "}, {"20  ", "10  "}, {"500  ", ""}});
+  window.ReadModelGrid();
+  EXPECT_EQ(s.LayerCount, 3);
+  EXPECT_EQ(depth(1), 0);
+  EXPECT_EQ(depth(2), 5);
+  EXPECT_EQ(depth(3), 15);
+  // The grid shows the depths of the tops, none for the surface, and no thickness for the last.
+  EXPECT_EQ(cell(1, 2), "");
+  EXPECT_EQ(cell(3, 2), "15  ");
+  EXPECT_EQ(cell(3, 1), "");
+
+  // Rows below the half space are dropped.
+  grid_rows({{"100  ", "5  "}, {"20  ", ""}, {"500  ", "7  "}});
+  window.ReadModelGrid();
+  EXPECT_EQ(s.LayerCount, 2);
+  EXPECT_EQ(rho(3), 0);
+  EXPECT_EQ(cell(3, 0), "");
+  EXPECT_EQ(cell(3, 1), "");
+}
+
+// The grid rounds what it reads; a blank resistivity with a thickness gets the least value.
+TEST_F(ModelKeysTest, TheGridRoundsWhatItReadsAndABlankResistivityIsTheLeastValue) {
+  grid_rows({{"123.4  ", "1.234  "}, {"", "12.34  "}, {"0.25  ", ""}});
+  window.ReadModelGrid();
+  EXPECT_EQ(s.LayerCount, 3);
+  EXPECT_EQ(rho(1), 123);
+  EXPECT_EQ(h(1), 1.2);
+  EXPECT_EQ(h(2), 12);
+  EXPECT_EQ(rho(2), 0.001);
+  EXPECT_EQ(cell(2, 0), ".001  ");
+  EXPECT_EQ(cell(3, 0), ".25  ");
+}
+
+TEST_F(ModelKeysTest, ThicknessesTakeTheDecimalsOfTheSetup) {
+  s.ThicknessDecimals = 2;
+  grid_rows({{"100  ", "3  "}, {"20  ", "2.5  "}, {"500  ", ""}});
+  window.ReadModelGrid();
+  EXPECT_EQ(cell(1, 1), "3.00  ");
+  EXPECT_EQ(cell(2, 1), "2.50  ");
+  EXPECT_EQ(cell(3, 2), "5.50  ");
+  EXPECT_EQ(cell(1, 0), "100  ");  // resistivities are plain text
+
+  // Never cut, only completed.
+  const struct {
+    int16_t decimals;
+    double value;
+    const char* text;
+  } cases[] = {{1, 3.0, "3.0"},        {1, 0.5, ".5"},      {1, 2.25, "2.25.0"},
+               {2, 1.125, "1.125.00"}, {2, 12.75, "12.75"}, {0, 12.75, "12.75"}};
+  for (const auto& c : cases) {
+    s.ThicknessDecimals = c.decimals;
+    EXPECT_EQ(FormatThickness(s, c.value), c.text) << c.decimals << " " << c.value;
+  }
+}
+
+TEST_F(ModelKeysTest, AltitudesFollowTheElevationOfTheSounding) {
+  Z.Text = "250.4";
+  grid_rows({{"100  ", "5.2  "}, {"20  ", "10  "}, {"500  ", ""}});
+  window.ReadModelGrid();
+  EXPECT_EQ(s.LocationZ, "250.4");
+  EXPECT_EQ(cell(1, 3), "250.4  ");
+  EXPECT_EQ(cell(2, 3), "245.2  ");
+  // The depth of 15.2 is shown whole (15), and the altitude is worked out from that.
+  EXPECT_EQ(cell(3, 2), "15  ");
+  EXPECT_EQ(cell(3, 3), "235.4  ");
+  EXPECT_EQ(cell(4, 3), "");
+
+  Z.Text = "";
+  Title.Text = "VES 3";  // the main form's boxes go to the record and back
+  window.ReadModelGrid();
+  EXPECT_EQ(cell(1, 3), "");
+  EXPECT_EQ(s.GraphTitle, "VES 3");
+  s.GraphTitle = "VES 4";
+  window.RefreshModelGrid();
+  EXPECT_EQ(Title.Text, "VES 4");
+}
+
+TEST_F(ModelKeysTest, TheOverlayModeOfTheDepthsStopsAtTheFirstLowLayer) {
+  s.WorkMode = mode::kSuperpose;
+  s.OverlayModel(1, 1) = 50.0;
+  s.OverlayModel(1, 2) = 2.0;
+  s.OverlayModel(2, 1) = 0.05;
+  ComputeDepths(ws);
+  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Impossible..."});
+
+  s.OverlayModel(2, 1) = 30.0;
+  s.OverlayModel(2, 2) = 4.0;
+  ComputeDepths(ws);
+  EXPECT_EQ(s.LayerCount, 2);
+  EXPECT_EQ(s.OverlayModel(3, 3).num(), 4);  // thickness of row 2 plus its depth, left 0
 }
 
 }  // namespace

@@ -1,4 +1,6 @@
-// The overlay of models: the store of computed models, its limit, and the walk through it.
+// The overlay of models: the store of computed models, its limit, and the walk through it; and a
+// whole session in the model window.
+#include "core/open_flow.h"
 #include "model/overlay_store.h"
 #include "model_window_fixture.h"
 
@@ -25,7 +27,7 @@ class ModelOverlayTest : public ModelWindowTest {
   }
 };
 
-TEST_F(ModelOverlayTest, WithoutTheBoxEachComputeEmptiesTheStoreAndTheDiagram) {
+TEST_F(ModelOverlayTest, WithoutTheBoxEachComputeEmptiesTheStoreAndWithItKeepsTheModelBefore) {
   compute_with_second_layer("30");
   compute_with_second_layer("40");
   EXPECT_EQ(s.HistoryLast, 0);
@@ -35,29 +37,17 @@ TEST_F(ModelOverlayTest, WithoutTheBoxEachComputeEmptiesTheStoreAndTheDiagram) {
   EXPECT_EQ(frames(), 2);
   EXPECT_EQ(strokes(s.CurveColour), 2);
   EXPECT_EQ(Name.Text, "SAMPLE");
-}
 
-TEST_F(ModelOverlayTest, WithTheBoxEachComputeStoresTheModelBefore) {
-  overlay({"30", "40"});
+  screen.ops.clear();  // with the box, each compute stores the model before
+  overlay({"30", "50"});
   EXPECT_EQ(s.HistoryLast, 2);
-  EXPECT_EQ(s.LayerHistory[1](2, 1).num(), 20);  // the model at the window's opening
+  EXPECT_EQ(s.LayerHistory[1](2, 1).num(), 40);  // the model before the first of them
   EXPECT_EQ(s.LayerHistory[2](2, 1).num(), 30);
   EXPECT_EQ(s.HistoryCounts[2], 3);
-  EXPECT_EQ(rho(2), 40);  // the model in work is the grid's
-  EXPECT_EQ(window.Grid2.Text, "3");
-  EXPECT_TRUE(window.lastone.Enabled);
+  EXPECT_EQ(rho(2), 50);  // the model in work is the grid's
   // No frame: the earlier curves stay.
   EXPECT_EQ(frames(), 0);
   EXPECT_EQ(Name.Text, "SAMPLE, SAMPLE, SAMPLE");
-}
-
-TEST_F(ModelOverlayTest, AOneLayerModelIsNotSuperposed) {
-  overlay({"30"});
-  ASSERT_EQ(s.HistoryLast, 1);
-  s.LayerCount = 1;
-  compute_with_second_layer("40");
-  EXPECT_EQ(s.HistoryLast, 0);
-  EXPECT_EQ(s.LayerHistory[1](2, 1).num(), 0);
 }
 
 TEST_F(ModelOverlayTest, TheStoreHoldsTwentyModels) {
@@ -70,71 +60,46 @@ TEST_F(ModelOverlayTest, TheStoreHoldsTwentyModels) {
   EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Maximum 20 soundings superposed"});
   EXPECT_EQ(dialogs.messages[0].icon, Icon::Exclamation);
   EXPECT_EQ(s.HistoryLast, 19);
-  EXPECT_EQ(rho(2), 30);
   window.Ajuste_Button_Click();  // the fit refuses in the same way
   EXPECT_EQ(dialogs.messages.size(), 2u);
 }
 
-TEST_F(ModelOverlayTest, AReadingThatStoredTheModelHoldsTheNextSlot) {
+// A reading that stored the model holds the next slot; a one-layer model is not superposed.
+TEST_F(ModelOverlayTest, AHeldSlotOrAOneLayerModelIsNotStored) {
   s.OverlayHold = 1;
   overlay({"30"});
   EXPECT_EQ(s.HistoryLast, 0);
   EXPECT_EQ(s.OverlayHold, 0);
   compute_with_second_layer("40");
   EXPECT_EQ(s.HistoryLast, 1);
+  s.LayerCount = 1;
+  compute_with_second_layer("50");
+  EXPECT_EQ(s.HistoryLast, 0);
+  EXPECT_EQ(s.LayerHistory[1](2, 1).num(), 0);
 }
 
-// Next at the last model, back at the first, or any step on an outdated curve: a beep only.
-TEST_F(ModelOverlayTest, AStepBeyondTheStoreOrOnAnOutdatedCurveBeeps) {
-  overlay({"30"});
-  screen.ops.clear();
-  window.nextone_Click();
-  EXPECT_EQ(wforms.beeps, 1);
-  EXPECT_EQ(s.HistoryShown, 1);
-  EXPECT_TRUE(screen.ops.empty());
-  EXPECT_EQ(cell(2, 0), "30  ");
-
-  s.ModelOutdated = true;
-  window.lastone_Click();
-  EXPECT_EQ(wforms.beeps, 2);
-  EXPECT_EQ(s.HistoryShown, 1);
-
-  s.ModelOutdated = false;
-  window.lastone_Click();
-  EXPECT_EQ(wforms.beeps, 2);
-  window.lastone_Click();
-  EXPECT_EQ(wforms.beeps, 3);
-  EXPECT_EQ(s.HistoryShown, 0);
-}
-
-TEST_F(ModelOverlayTest, AStepRedrawsEveryCurveAndBringsTheChosenModelToTheGrid) {
+// A step redraws every curve (the session's walk counts them) and brings the chosen model to the
+// grid; a step on an outdated curve only beeps; a compute after the walk adds the grid's model.
+TEST_F(ModelOverlayTest, AStepBringsTheChosenModelToTheGridAndAComputeAddsIt) {
   overlay({"30", "40"});
   screen.ops.clear();
   ws.forward_runs = 0;
   window.Grid1_Click(3, 1);
   window.lastone_Click();
   EXPECT_EQ(s.HistoryShown, 1);
-  EXPECT_EQ(window.Grid2.Text, "2");
-  // The three models in the superposed colour, then the chosen one in its own.
   EXPECT_EQ(ws.forward_runs, 4);
-  EXPECT_EQ(strokes(s.SuperposedColour), 3);
-  EXPECT_EQ(strokes(s.CurveColour), 1);
   EXPECT_EQ(frames(), 0);
-  EXPECT_EQ(cell(2, 0), "30  ");
   EXPECT_EQ(rho(2), 30);
   EXPECT_EQ(s.HistoryBase, 1);
   EXPECT_EQ(window.Grid1.row, 3);
   // The model in work was kept in the slot after the stored ones.
   EXPECT_EQ(s.LayerHistory[3](2, 1).num(), 40);
 
-  window.nextone_Click();
-  EXPECT_EQ(cell(2, 0), "40  ");
-  EXPECT_EQ(window.Grid2.Text, "3");
-}
-
-TEST_F(ModelOverlayTest, AComputeAfterAWalkAddsTheGridsModel) {
-  overlay({"30", "40"});
+  s.ModelOutdated = true;
   window.lastone_Click();
+  EXPECT_EQ(wforms.beeps, 1);
+  EXPECT_EQ(s.HistoryShown, 1);
+  s.ModelOutdated = false;
   window.lastone_Click();
   ASSERT_EQ(cell(2, 0), "20  ");
   compute_with_second_layer("50");
@@ -157,6 +122,80 @@ TEST_F(ModelOverlayTest, TheSheetsReplayTakesTheCountOfTheModelInWork) {
   EXPECT_EQ(strokes(s.SuperposedColour), 3);
   EXPECT_EQ(rho(2), 20);
   EXPECT_EQ(s.LayerCount, 4);
+}
+
+// A whole session in the model window, as a user would work: open a sounding, type a model, fix a
+// thickness, fit, then compare variants on the diagram and walk through them.
+using ModelSessionTest = ModelWindowTest;
+
+TEST_F(ModelSessionTest, TypeFixFitSuperposeAndWalk) {
+  // The sample holds 28 points of 100 ohm.m 5 m, 20 ohm.m 20 m, 300 ohm.m, and no model.
+  s.FilePath = std::string(TELLUX_TEST_DATA) + "/fit_synthetic_3layer.TX3";
+  s.FileName = s.FilePath;
+  open_sounding(ws);
+  ASSERT_EQ(s.FieldCount, 28);
+  EXPECT_FALSE(window.loaded());  // no model in the file: the window stays closed
+
+  // The toolbar shows the window; there is nothing to compute yet.
+  window.menu_compute();
+  ASSERT_TRUE(window.loaded());
+  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Value missing..."});
+
+  // Four layers, typed cell by cell; Enter steps down a row.
+  type(1, 0, "80");
+  type(1, 1, "5");
+  type(2, 0, "30");
+  type(2, 1, "8");
+  type(3, 0, "15");
+  type(3, 1, "12");
+  type(4, 0, "250");
+  window.Calcul_Button_Click();
+  EXPECT_EQ(s.LayerCount, 4);
+  EXPECT_EQ(depth(4), 25);
+  EXPECT_EQ(Name.Text, "fit_synthetic_3layer");
+
+  // The first thickness is known from a borehole: fixed, then fitted around it.
+  window.Grid1_Click(1, 1);
+  window.Grid1_DblClick();
+  ASSERT_EQ(s.LayerLocks[1], 2);
+  window.Ajuste_Button_Click();
+  EXPECT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_EQ(h(1), 5);
+  EXPECT_NE(rho(1), 80);
+  EXPECT_EQ(cell(1, 1), "5  ");
+  EXPECT_EQ(window.Grid1.back_colour(1, 1), 65535);  // still fixed
+  EXPECT_EQ(cell(1, 0), rt::CStr(s.LayerModel(1, 1)) + "  ");
+  const double fitted_rho4 = rho(s.LayerCount);
+
+  // Three variants of the deepest layer, each kept on the diagram.
+  window.Check18_Click(1);
+  const int last = s.LayerCount;
+  for (const char* variant : {"100", "500", "1000"}) {
+    type(last, 0, variant);
+    window.Calcul_Button_Click();
+  }
+  EXPECT_EQ(s.HistoryLast, 3);
+  EXPECT_EQ(window.Grid2.Text, "4");
+  EXPECT_EQ(rho(last), 1000);
+
+  // Back through the store to the fitted model, and forward again to the last variant.
+  window.nextone_Click();
+  EXPECT_EQ(wforms.beeps, 1);
+  const std::vector<std::string> shown = {"500", "100", rt::CStr(fitted_rho4)};
+  for (const std::string& expected : shown) {
+    screen.ops.clear();
+    window.lastone_Click();
+    EXPECT_EQ(cell(last, 0), expected + "  ");
+    EXPECT_EQ(strokes(s.SuperposedColour), 4);
+    EXPECT_EQ(strokes(s.CurveColour), 1);
+  }
+  EXPECT_EQ(window.Grid2.Text, "1");
+  window.lastone_Click();
+  EXPECT_EQ(wforms.beeps, 2);
+  for (int step = 0; step < 3; ++step) window.nextone_Click();
+  EXPECT_EQ(cell(last, 0), "1000  ");
+  EXPECT_EQ(rho(last), 1000);
+  EXPECT_EQ(window.Grid2.Text, "4");
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 // A model window on a headless session: the diagram is a recording surface, the main form's boxes
 // are plain text boxes, and the forms route the calls of the shared routines to the window as the
 // desktop program does.
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,7 +19,6 @@ class WindowForms : public RecordingForms {
  public:
   ModelWindow* window = nullptr;
   int beeps = 0;
-  int focus = 0;
   void beep() override { ++beeps; }
   void show_model_window() override {
     RecordingForms::show_model_window();
@@ -39,9 +39,7 @@ class WindowForms : public RecordingForms {
 class FocusCounter : public ModelWindowDisplay {
  public:
   int focus = 0;
-  int changes = 0;
   void focus_grid() override { ++focus; }
-  void changed() override { ++changes; }
 };
 
 class ModelWindowTest : public SessionTest {
@@ -87,20 +85,13 @@ class ModelWindowTest : public SessionTest {
   double depth(int r) const { return s.LayerModel(r, 3).num(); }
 
   // Strokes started on the diagram in `colour` since the surface was last emptied.
-  int strokes(int colour) const {
-    int n = 0;
+  long strokes(int colour) const {
     const std::string tail = " " + std::to_string(colour);
-    for (const std::string& op : screen.ops)
-      if (op.rfind("PSet", 0) == 0 && op.size() > tail.size() &&
-          op.compare(op.size() - tail.size(), tail.size(), tail) == 0)
-        ++n;
-    return n;
+    return std::count_if(screen.ops.begin(), screen.ops.end(), [&](const std::string& op) {
+      return op.starts_with("PSet") && op.ends_with(tail);
+    });
   }
-  int frames() const {
-    int n = 0;
-    for (const std::string& op : screen.ops) n += op == "Cls" ? 1 : 0;
-    return n;
-  }
+  long frames() const { return std::count(screen.ops.begin(), screen.ops.end(), "Cls"); }
 
   WindowForms wforms;
   Session ws{s, dialogs, wforms};

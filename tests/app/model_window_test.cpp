@@ -8,12 +8,10 @@
 namespace tellux::testing {
 namespace {
 
-TEST_F(ModelWindowTest, OpeningTheWindowShowsTheModelAndComputesItsCurve) {
+TEST_F(ModelWindowTest, OpeningTheWindowShowsTheModelComputesItsCurveAndSetsTheControls) {
   sounding();
   s.LayerLocks[2] = 3;  // locks do not survive a load
   window.Form_Load();
-  EXPECT_TRUE(window.loaded());
-  EXPECT_EQ(cell(2, 1), "20  ");
   EXPECT_EQ(cell(3, 2), "25  ");
   EXPECT_EQ(s.LayerLocks[2], 0);
   EXPECT_FALSE(s.ModelOutdated);
@@ -21,6 +19,20 @@ TEST_F(ModelWindowTest, OpeningTheWindowShowsTheModelAndComputesItsCurve) {
   EXPECT_EQ(frames(), 1);
   EXPECT_EQ(Name.Text, "SAMPLE");
   EXPECT_TRUE(dialogs.messages.empty());
+
+  // The slider and the overlay box follow the record at the load, and set it.
+  s.ModelSensitivity = 0.3;
+  s.SuperposeCurve = 1;
+  window.Form_Load();
+  EXPECT_EQ(window.Slider1.Value, 3);
+  EXPECT_EQ(window.Check18.Value, 1);
+  window.Slider1_Change(0);
+  EXPECT_DOUBLE_EQ(s.ModelSensitivity, 0.03);
+  EXPECT_GE(display.focus, 2);
+  window.Check18_Click(0);
+  EXPECT_EQ(s.SuperposeCurve, -1);
+  window.Form_Load();
+  EXPECT_EQ(window.Check18.Value, 0);
 }
 
 TEST_F(ModelWindowTest, AnAutomaticModelIsFittedWhenTheWindowOpens) {
@@ -33,26 +45,6 @@ TEST_F(ModelWindowTest, AnAutomaticModelIsFittedWhenTheWindowOpens) {
   EXPECT_GT(ws.forward_runs, 20);  // the fit ran
   EXPECT_EQ(s.WorkMode, "");
   EXPECT_NEAR(rho(1), 100, 10);
-}
-
-TEST_F(ModelWindowTest, TheSliderAndTheOverlayBoxFollowAndSetTheRecord) {
-  sounding();
-  s.ModelSensitivity = 0.3;
-  s.SuperposeCurve = 1;
-  window.Form_Load();
-  EXPECT_EQ(window.Slider1.Value, 3);
-  EXPECT_EQ(window.Check18.Value, 1);
-  window.Slider1_Change(5);
-  EXPECT_DOUBLE_EQ(s.ModelSensitivity, 0.53);
-  window.Slider1_Change(0);
-  EXPECT_DOUBLE_EQ(s.ModelSensitivity, 0.03);
-  EXPECT_GE(display.focus, 2);
-  window.Check18_Click(0);
-  EXPECT_EQ(s.SuperposeCurve, -1);
-  window.Form_Load();
-  EXPECT_EQ(window.Check18.Value, 0);
-  window.Check18_Click(1);
-  EXPECT_EQ(s.SuperposeCurve, 1);
 }
 
 // One caption per language family; German shows the English texts.
@@ -88,9 +80,16 @@ TEST_F(ModelWindowTest, SavingWritesTheGridsModel) {
   EXPECT_EQ(again.CommentText, "after the rain");
 }
 
-TEST_F(ModelWindowTest, AMissingFirstThicknessStopsTheCompute) {
+// The shift shows beside the name; a missing first thickness stops the compute.
+TEST_F(ModelWindowTest, TheShiftShowsBesideTheNameAndAMissingFirstThicknessStopsTheCompute) {
   sounding();
+  s.ShiftCurves = 1;
+  use_language('S');
   window.Form_Load();
+  EXPECT_EQ(Text3.Text, "Empalmes compens.");
+  s.ShiftCurves = 0;
+  window.Calcul_Button_Click();
+  EXPECT_EQ(Text3.Text, "");
   screen.ops.clear();
   window.Grid1.set_text(1, 1, "  ");
   use_language('F');
@@ -105,26 +104,7 @@ TEST_F(ModelWindowTest, AMissingFirstThicknessStopsTheCompute) {
   EXPECT_TRUE(window.Grid1.redraw);
 }
 
-TEST_F(ModelWindowTest, TheShiftShowsBesideTheName) {
-  sounding();
-  s.ShiftCurves = 1;
-  use_language('S');
-  window.Form_Load();
-  EXPECT_EQ(Text3.Text, "Empalmes compens.");
-  s.ShiftCurves = 0;
-  window.Calcul_Button_Click();
-  EXPECT_EQ(Text3.Text, "");
-}
-
-TEST_F(ModelWindowTest, TheModelMenuBuildsAndFitsAFirstModel) {
-  sounding();
-  s.LayerModel.erase();
-  window.menu_model();
-  EXPECT_GE(s.LayerCount, 2);
-  EXPECT_NE(cell(1, 0), "");
-}
-
-TEST_F(ModelWindowTest, TheComputeAndFitMenusWorkThroughTheWindow) {
+TEST_F(ModelWindowTest, TheModelComputeAndFitMenusWorkThroughTheWindow) {
   sounding();
   window.menu_compute();  // the window opens, its load computes
   EXPECT_TRUE(window.loaded());
@@ -144,6 +124,11 @@ TEST_F(ModelWindowTest, TheComputeAndFitMenusWorkThroughTheWindow) {
   EXPECT_NEAR(rho(1), 100, 5);
   EXPECT_EQ(cell(1, 0), rt::CStr(s.LayerModel(1, 1)) + "  ");  // the grid shows the fit
   EXPECT_FALSE(s.DataSaved);
+
+  s.LayerModel.erase();  // the model menu builds and fits a first model
+  window.menu_model();
+  EXPECT_GE(s.LayerCount, 2);
+  EXPECT_NE(cell(1, 0), "");
 }
 
 }  // namespace

@@ -97,9 +97,8 @@ TEST_F(SectionTest, FillWidensTheLogsAndNumbersNeedTenSoundings) {
   choose({tx3(60, {{50, 2}, {300, 0}}, "0", "100"), tx3(60, {{50, 2}, {300, 0}}, "50", "100")});
   // Two soundings: one gap, the whole length of the profile.
   EXPECT_DOUBLE_EQ(tab.SEVLogWidth, rt::Val(tab.sheet.Text5.Text) * 56.7);
-  std::vector<std::string> nine(9, tx3(60, {{50, 2}, {300, 0}}, "0", "100"));
-  for (size_t i = 0; i < nine.size(); ++i)
-    nine[i] = tx3(60, {{50, 2}}, std::to_string(i * 5), "100");
+  std::vector<std::string> nine;
+  for (int i = 0; i < 9; ++i) nine.push_back(tx3(60, {{50, 2}}, std::to_string(i * 5), "100"));
   choose(nine);
   for (const PageOp* op : ops(PageOp::Kind::Text)) EXPECT_NE(op->text, "9");
 

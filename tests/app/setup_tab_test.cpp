@@ -26,24 +26,21 @@ class SetupTabTest : public ::testing::Test {
  protected:
   void use_language(char letter) {
     s.Language = {};
-    s.Language.English = letter == 'E';
-    s.Language.French = letter == 'F';
-    s.Language.Spanish = letter == 'S';
+    (letter == 'F'   ? s.Language.French
+     : letter == 'S' ? s.Language.Spanish
+                     : s.Language.English) = true;
   }
   // A computed three-layer model on the current record, with two field points.
   void computed_model() {
     s.FieldCount = 2;
-    s.FieldTable(1, 1) = 1.0;
-    s.FieldTable(1, 2) = 100.0;
-    s.FieldTable(2, 1) = 100.0;
-    s.FieldTable(2, 2) = 30.0;
     s.MaxAbHalf = 100;
-    s.LayerModel(1, 1) = 100.0;
-    s.LayerModel(1, 2) = 2.0;
-    s.LayerModel(2, 1) = 20.0;
-    s.LayerModel(2, 2) = 10.0;
-    s.LayerModel(3, 1) = 500.0;
     s.LayerCount = 3;
+    const double field[2][2] = {{1, 100}, {100, 30}}, layers[3][2] = {{100, 2}, {20, 10}, {500, 0}};
+    for (int i = 1; i <= 3; ++i)
+      for (int c = 1; c <= 2; ++c) {
+        if (i <= 2) s.FieldTable(i, c) = field[i - 1][c - 1];
+        if (layers[i - 1][c - 1] > 0) s.LayerModel(i, c) = layers[i - 1][c - 1];
+      }
     s.ModelCurve(1, 1) = 100.0;  // the diagram holds a curve
     s.ModelOutdated = false;
   }
@@ -54,8 +51,7 @@ class SetupTabTest : public ::testing::Test {
   }
   size_t count(const std::string& suffix) const {
     return static_cast<size_t>(std::count_if(screen.ops.begin(), screen.ops.end(), [&](auto& op) {
-      return op.rfind("LineTo", 0) == 0 && op.size() > suffix.size() &&
-             op.compare(op.size() - suffix.size(), suffix.size(), suffix) == 0;
+      return op.starts_with("LineTo") && op.ends_with(suffix);
     }));
   }
 
@@ -98,12 +94,20 @@ TEST_F(SetupTabTest, LoadParameterSetsTheListsFromTheExponents) {
   EXPECT_EQ(tab.RMSB.Caption, "Graphic representation of adjustment error");
 }
 
-TEST_F(SetupTabTest, AnExponentOutsideTheItemsLeavesTheListUnchosen) {
+// An exponent outside the items leaves the list unchosen and the range as it was; no decade on
+// the abscissa does not stop the redraw.
+TEST_F(SetupTabTest, RangesOutsideTheListsOrWithoutADecade) {
   s.DecadeEnd = 7;
   tab.Load_parameter();
   EXPECT_EQ(tab.Combo2.ListIndex(), -1);
-  tab.Command11_Click();  // the range stays as it was
+  tab.Command11_Click();
   EXPECT_EQ(s.DecadeEnd, 7);
+  tab.Combo1.ListIndex(2);  // 10
+  tab.Combo2.ListIndex(0);  // 10
+  tab.Command11_Click();
+  EXPECT_EQ(s.DecadeStart, 1);
+  EXPECT_EQ(s.DecadeEnd, 1);
+  EXPECT_EQ(screen.ops.back(), "MousePointer 2");
 }
 
 TEST_F(SetupTabTest, RedrawReadsTheRangesBackAsValuesAndExponents) {
@@ -144,7 +148,7 @@ TEST_F(SetupTabTest, RedrawWithoutACurveShowsTheFrameAndTheMarksAlone) {
   EXPECT_EQ(session.forward_runs, 0);
 }
 
-TEST_F(SetupTabTest, RedrawComputesTheCurrentModelAndKeepsItInItsSlot) {
+TEST_F(SetupTabTest, RedrawComputesTheCurrentModelAndReplaysTheStoredOnes) {
   computed_model();
   s.ShowModelSteps = 1;
   drawing.attach();
@@ -158,10 +162,10 @@ TEST_F(SetupTabTest, RedrawComputesTheCurrentModelAndKeepsItInItsSlot) {
   EXPECT_GT(count(" 255"), 20u);
   EXPECT_EQ(count(" 16711935"), 2 * 5u);
   EXPECT_EQ(count(" 32768"), 0u);
-}
 
-TEST_F(SetupTabTest, StoredModelsAreReplayedInTheSuperposedColourFirst) {
-  computed_model();
+  // Stored models are replayed in the superposed colour first.
+  screen.ops.clear();
+  session.forward_runs = 0;
   s.ShowModelSteps = 0;
   s.SuperposeCurve = 1;
   // Slot 1 holds an earlier two-layer model; the current one is in work.
@@ -169,9 +173,7 @@ TEST_F(SetupTabTest, StoredModelsAreReplayedInTheSuperposedColourFirst) {
   s.LayerHistory[1](1, 2) = 5.0;
   s.LayerHistory[1](2, 1) = 200.0;
   s.HistoryCounts[1] = 2;
-  s.HistoryLast = 1;
-  s.HistoryShown = 1;
-  drawing.attach();
+  s.HistoryLast = s.HistoryShown = 1;
   redraw();
   EXPECT_EQ(session.forward_runs, 2);
   EXPECT_GT(count(" 32768"), 20u);
@@ -183,23 +185,18 @@ TEST_F(SetupTabTest, StoredModelsAreReplayedInTheSuperposedColourFirst) {
                          [](auto& op) { return op.find(" 32768") != std::string::npos; }),
             first);
   EXPECT_EQ(s.LayerModel(3, 1).num(), 500.0);  // the current model is back
-}
 
-TEST_F(SetupTabTest, AnOutdatedModelEndsTheSuperposition) {
-  s.SuperposeCurve = 1;
-  s.ModelOutdated = true;
+  s.ModelOutdated = true;  // an outdated model ends the superposition
   redraw();
   EXPECT_EQ(s.SuperposeCurve, -1);
 }
 
 TEST_F(SetupTabTest, ColourButtonsKeepTheirTitlesAndPaintTheSamples) {
   dialogs.colours = {11, 12, 13, 14, 15, 16};
-  tab.Command4_Click();
-  tab.Command5_Click();
-  tab.Command6_Click();
-  tab.Command7_Click();
-  tab.Command8_Click();
-  tab.Command12_Click();
+  for (auto click :
+       {&SetupTab::Command4_Click, &SetupTab::Command5_Click, &SetupTab::Command6_Click,
+        &SetupTab::Command7_Click, &SetupTab::Command8_Click, &SetupTab::Command12_Click})
+    (tab.*click)();
   const std::vector<std::pair<std::string, int>> expected = {
       {"Tellux Curve color selection", 0},  {"Tellux Curve color selection", 0},
       {"Tellux Model color selection", 0},  {"Tellux Error curve color selection", 0},
@@ -232,16 +229,6 @@ TEST_F(SetupTabTest, HintsAndTheColourGridQuestion) {
   ASSERT_EQ(dialogs.messages.size(), 2u);
   EXPECT_EQ(dialogs.messages[0].text, "Do you want a color grid");
   EXPECT_EQ(dialogs.messages[0].buttons, Buttons::YesNo);
-}
-
-TEST_F(SetupTabTest, NoDecadesOnTheAbscissaDoNotStopTheRedraw) {
-  tab.Load_parameter();
-  tab.Combo1.ListIndex(2);  // 10
-  tab.Combo2.ListIndex(0);  // 10
-  tab.Command11_Click();
-  EXPECT_EQ(s.DecadeStart, 1);
-  EXPECT_EQ(s.DecadeEnd, 1);
-  EXPECT_EQ(screen.ops.back(), "MousePointer 2");
 }
 
 }  // namespace

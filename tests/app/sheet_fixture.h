@@ -28,15 +28,6 @@ class SheetForms : public RecordingForms {
   int current_tab() const override { return tab_now; }
 };
 
-// Counts what the forward calculation hands to the diagram.
-class CountingCurve : public CurveObserver {
- public:
-  int segments = 0, steps = 0, errors = 0;
-  void segment(int, double) override { ++segments; }
-  void model_steps() override { ++steps; }
-  void error_curve() override { ++errors; }
-};
-
 class SheetTest : public SessionTest {
  protected:
   void SetUp() override {
