@@ -16,6 +16,7 @@ double L(double v) { return std::log(v) * 0.4343; }
 class CurveDrawingTest : public testing::PlotTest {
  protected:
   void SetUp() override {
+    PlotTest::SetUp();
     s.AB2min = 0, s.AB2max = 10000, s.RHOmin = 1, s.RHOmax = 10000;
     s.DecadeStart = -1, s.DecadeEnd = 4, s.RhoDecadeStart = 0, s.RhoDecadeEnd = 4;
     s.WorkMode = mode::kNormal;
@@ -183,6 +184,10 @@ TEST_F(CurveDrawingTest, DeviationsAreHundredTimesTheDifferenceOverTheReading) {
   DrawErrorCurve(session, surfaces);
   EXPECT_EQ(s.ModelCurve(1, 3).num(), 100.0 * 200.0 / 300.0);  // not 100 x (200 / 300)
   EXPECT_EQ(s.ModelCurve(2, 3).num(), 0.001);                  // beyond the last usable sample
+  // A damaged header's count of 32767 readings: one error and one message, not one per row.
+  s.FieldCount = 32767;
+  DrawErrorCurve(session, surfaces);
+  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{" Error occurs while drawing RMS"});
 }
 
 TEST_F(CurveDrawingTest, ErrorCurveLiesOnTheSoundingsAxesFromTheBottomEdge) {
@@ -214,21 +219,6 @@ TEST_F(CurveDrawingTest, ErrorCurveOnThePageWithItsOwnPen) {
                                       "PenWidth 18", "PenWidth 10", "PenColor 32768",
                                       "DrawLine " + page_xy(L(8), y2), "PenWidth 18"}));
   EXPECT_TRUE(screen.ops.empty());
-}
-
-}  // namespace
-}  // namespace tellux
-
-namespace tellux {
-namespace {
-
-// A damaged header's count of 32767 readings: one error and one message, not one per row.
-TEST_F(CurveDrawingTest, ACountPastTheTableSaysSoOnce) {
-  field({{1, 100}, {10, 50}});
-  s.FieldCount = 32767;
-  s.ShowErrorCurve = 1;
-  DrawErrorCurve(session, surfaces);
-  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{" Error occurs while drawing RMS"});
 }
 
 }  // namespace

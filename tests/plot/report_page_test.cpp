@@ -11,6 +11,7 @@ namespace {
 class ReportTest : public PlotTest {
  protected:
   void SetUp() override {
+    PlotTest::SetUp();
     field({{1, 100}, {10, 40}, {100, 300}});
     model({{100, 2.125}, {20, 15}, {500, 0}});
     s.FileName = "R1.TX3";
