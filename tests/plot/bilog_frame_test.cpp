@@ -19,14 +19,11 @@ class BilogFrameTest : public testing::PlotTest {
     s.AB2min = ab_min, s.AB2max = ab_max, s.RHOmin = rho_min, s.RHOmax = rho_max;
     s.DecadeStart = x0, s.DecadeEnd = x1, s.RhoDecadeStart = y0, s.RhoDecadeEnd = y1;
   }
-  std::vector<std::string> marks() const { return ops_starting(screen.ops, "Line "); }
   // Hollow boxes in the colour of the points: the marks.
   std::vector<std::string> point_marks() const {
     std::vector<std::string> out;
     for (const auto& op : screen.ops)
-      if (op.size() > 2 && op.compare(op.size() - 2, 2, " B") == 0 &&
-          op.find(" " + std::to_string(s.PointsColour) + " B") != std::string::npos)
-        out.push_back(op);
+      if (op.ends_with(" " + std::to_string(s.PointsColour) + " B")) out.push_back(op);
     return out;
   }
 };
