@@ -32,6 +32,8 @@ class ForwardTest : public testing::SessionTest {
     session.curve = &curve;
     s.SuperposeCurve = -1;
     s.WorkMode = mode::kNormal;
+    field({{1, 100}, {1000, 100}});
+    set_model(s, {{100, 0}});
   }
   void field(std::initializer_list<std::pair<double, double>> rows) {
     int i = 0;
@@ -51,8 +53,6 @@ class ForwardTest : public testing::SessionTest {
 };
 
 TEST_F(ForwardTest, OneLayerGivesItsResistivityThroughEachFilter) {
-  field({{1, 100}, {1000, 100}});
-  set_model(s, {{100, 0}});
   const double expected[] = {100.0, 99.98, 99.88298};
   for (int a = 0; a < 3; ++a) {
     s.Spread = kArrays[a];
@@ -66,7 +66,6 @@ TEST_F(ForwardTest, OneLayerGivesItsResistivityThroughEachFilter) {
 
 TEST_F(ForwardTest, TheRangeEndsAlmostHalfADecadePastTheLongestSpacing) {
   field({{10, 50}, {1000, 80}});
-  set_model(s, {{100, 0}});
   s.DecadeStart = 0;
   ForwardCurve(session);
   // E = ln(1000) x 0.4343 + 0.5 = 3.50004: row 28 (3.5) is still below it, so row 29 is made.
@@ -97,8 +96,6 @@ TEST_F(ForwardTest, EachArrayFollowsItsOwnFilterFromTheTopToTheBottomResistivity
 }
 
 TEST_F(ForwardTest, DrawsEachRowAndThenTheWholeDiagramOnlyWhenAllowed) {
-  field({{1, 100}, {100, 100}});
-  set_model(s, {{100, 0}});
   s.ShowErrorCurve = 1;
   s.ShowModelSteps = 1;
   ForwardCurve(session);
@@ -130,7 +127,6 @@ TEST_F(ForwardTest, DrawsEachRowAndThenTheWholeDiagramOnlyWhenAllowed) {
 }
 
 TEST_F(ForwardTest, ANoughtResistivityAboveTheBottomIsACalculationError) {
-  field({{1, 100}, {1000, 100}});
   set_model(s, {{0, 10}, {100, 0}});
   const std::pair<char, const char*> texts[] = {{'E', "Calculation error..."},
                                                 {'F', "Erreur de calcul"},
@@ -154,7 +150,6 @@ TEST_F(ForwardTest, ANoughtResistivityAboveTheBottomIsACalculationError) {
 
 TEST_F(ForwardTest, TooManyRowsStopAtTheTablesEnd) {
   field({{1, 100}, {30000, 100}});
-  set_model(s, {{100, 0}});
   s.DecadeStart = -8;
   ForwardCurve(session);
   EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Calculation error..."});
@@ -181,7 +176,6 @@ TEST_F(ForwardTest, MaxAbHalfRisesToTheLongestSpacingUnlessTheFirstThreeAddUpToO
 // left out and the last evaluated t counts again. Deviations are percentages, 0.001 outside.
 TEST_F(ForwardTest, MisfitAndDeviationsAgainstTheCurve) {
   field({{10, 200}});
-  set_model(s, {{100, 0}});
   ForwardCurve(session);
   const double t = std::fabs(std::log(200.0 / 100.0) / 2.30258) + 0.0000001;
   EXPECT_NEAR(misfit(), 3 * t * t, 1e-12);

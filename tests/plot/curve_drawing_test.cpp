@@ -37,25 +37,23 @@ class CurveDrawingTest : public testing::PlotTest {
   }
 };
 
-TEST_F(CurveDrawingTest, SamplesJoinIntoAStrokeAndStopAtTheRightEdge) {
+// Samples join into a stroke, which stops at the right edge (strict: the sample at DecadeEnd is
+// outside) and starts anew where a curve that left the frame comes back.
+TEST_F(CurveDrawingTest, SamplesJoinIntoStrokesInsideTheFrame) {
   s.FirstPoint = true;
   DrawCurveSegment(session, surfaces, 1, 100);
   DrawCurveSegment(session, surfaces, 2, 120);
   EXPECT_EQ(screen.ops,
             (std::vector<std::string>{"DrawWidth 1", "PSet " + xy(-1, L(100)) + " 255",
                                       "DrawWidth 1", "LineTo " + xy(-0.875, L(120)) + " 255"}));
-  // The sample at DecadeEnd is outside: the test is strict at the right.
   screen.ops.clear();
   DrawCurveSegment(session, surfaces, 40, 100);
   EXPECT_FALSE(s.FirstPoint);
   DrawCurveSegment(session, surfaces, 41, 100);
-  EXPECT_EQ(ops_starting(screen.ops, "LineTo").size(), 1u);
-  EXPECT_EQ(ops_starting(screen.ops, "LineTo")[0], "LineTo " + xy(3.875, L(100)) + " 255");
+  EXPECT_EQ(ops_starting(screen.ops, "LineTo"),
+            std::vector<std::string>{"LineTo " + xy(3.875, L(100)) + " 255"});
   EXPECT_TRUE(s.FirstPoint);
-}
-
-TEST_F(CurveDrawingTest, ACurveLeavingTheFrameStartsAnewWhereItComesBack) {
-  s.FirstPoint = true;
+  screen.ops.clear();
   DrawCurveSegment(session, surfaces, 1, 100);
   DrawCurveSegment(session, surfaces, 2, 20000);  // above the top edge
   EXPECT_TRUE(s.FirstPoint);
