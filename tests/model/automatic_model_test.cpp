@@ -84,6 +84,16 @@ TEST_F(AutomaticModelTest, AFlatSpotWithATurnOpensALayerAtEightTenthsOfItsSpacin
   EXPECT_EQ(h(3), 0);
   const float p = static_cast<float>(s.FieldSlopes[4] * 3.0 + 5.0);
   EXPECT_EQ(rho(3), std::floor(p * s.FieldTable(5, 2).num() / 5.0));
+
+  // Wenner triples the thicknesses: a new layer's is measured from the (tripled) thickness above
+  // it, then tripled; the slopes and the resistivities do not depend on the array.
+  const LayerTableT schlumberger = s.LayerModel;
+  s.Spread = SpreadType::Wenner;
+  AutomaticModel(session);
+  ASSERT_EQ(s.LayerCount, 3);
+  EXPECT_EQ(h(1), 3 * schlumberger(1, 2).num());
+  EXPECT_DOUBLE_EQ(h(2), 3 * std::fabs(0.8 * 10 - h(1)));
+  for (int n = 1; n <= 3; ++n) EXPECT_EQ(rho(n), schlumberger(n, 1).num());
 }
 
 TEST_F(AutomaticModelTest, TheSensitivityDecidesWhetherAJumpOpensALayer) {
@@ -110,21 +120,6 @@ TEST_F(AutomaticModelTest, ASpliceShiftsTheSlopesAndOpensNoLayerThere) {
   EXPECT_FLOAT_EQ(s.FieldSlopes[3], s2);
   EXPECT_FLOAT_EQ(s.FieldSlopes[4], static_cast<float>(std::log(100.0 / 190.0) / std::log(2.0)));
   EXPECT_EQ(s.WorkMode, "AUTOMATIC");
-}
-
-TEST_F(AutomaticModelTest, WennerTriplesTheThicknesses) {
-  field_with_slopes(100, {0.6, 0.05, -0.6, -0.6});
-  AutomaticModel(session);
-  const LayerTableT schlumberger = s.LayerModel;
-  const int count = s.LayerCount;
-
-  s.Spread = SpreadType::Wenner;
-  AutomaticModel(session);
-  ASSERT_EQ(s.LayerCount, count);  // the slopes do not depend on the array
-  EXPECT_EQ(h(1), 3 * schlumberger(1, 2).num());
-  // A new layer's thickness is measured from the (tripled) thickness above it, then tripled.
-  EXPECT_DOUBLE_EQ(h(2), 3 * std::fabs(0.8 * 10 - h(1)));
-  for (int n = 1; n <= count; ++n) EXPECT_EQ(rho(n), schlumberger(n, 1).num());
 }
 
 TEST_F(AutomaticModelTest, AZeroFieldValueStopsTheBuildWithTheLanguagesMessage) {
