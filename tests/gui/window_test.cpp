@@ -93,7 +93,7 @@ class WindowTest : public QObject {
   void init() { QFile::remove(ini()); }
   void cleanup() { p_.reset(); }
 
-  void startsWithTheStartWindowTheTabsAndTheToolbar() {
+  void startsWithTheStartWindowTheTabsAndTheToolbarThenResizesAndChangesLanguage() {
     Program& p = start();
     QVERIFY(p.window.splash()->isVisible());
     QCOMPARE(p.window.splash()->button(2)->text(), QStringLiteral("Start a new VES"));
@@ -118,6 +118,18 @@ class WindowTest : public QObject {
     QVERIFY(p.window.action(QStringLiteral("Help"))->isEnabled());
     QVERIFY(p.window.action(QStringLiteral("NCalculator"))->isEnabled());
     QCOMPARE(p.window.action(QStringLiteral("F1_F"))->text(), QStringLiteral("&1 "));
+    // The window keeps its minimum size and the surface follows the diagram.
+    p.window.resize(400, 300);
+    QCOMPARE(p.window.size(), QSize(696, 553));
+    p.window.resize(1200, 900);
+    QTest::qWait(10);
+    QCOMPARE(p.bilog.width(), p.window.bilog()->width());
+    // Another language: the tabs keep their names.
+    p.window.language_box()->setCurrentIndex(0);  // Français
+    QVERIFY(p.app.s.Language.French);
+    QCOMPARE(p.model_window_unloaded, 1);
+    QCOMPARE(p.window.sheet()->button("ExitButton")->text(), QStringLiteral("&Quitte"));
+    QCOMPARE(p.window.tabs()->tabText(1), QStringLiteral("SEV model"));
   }
 
   // Opening a sample through the toolbar; from then on a resize draws the diagram again: frame,
@@ -225,15 +237,6 @@ class WindowTest : public QObject {
     QCOMPARE(p.app.profile.sheet.scale.ClassBox[1].BackColor, 0x00FF00);
   }
 
-  void changesTheLanguage() {
-    Program& p = start();
-    p.window.language_box()->setCurrentIndex(0);  // Français
-    QVERIFY(p.app.s.Language.French);
-    QCOMPARE(p.model_window_unloaded, 1);
-    QCOMPARE(p.window.sheet()->button("ExitButton")->text(), QStringLiteral("&Quitte"));
-    QCOMPARE(p.window.tabs()->tabText(1), QStringLiteral("SEV model"));  // tabs keep theirs
-  }
-
   // Cancel at the question keeps the window; Yes then ends the program. (No is covered by the
   // headless tests of the same routine.)
   void leavingWithCancelGoesOnAndWithYesEnds() {
@@ -253,15 +256,6 @@ class WindowTest : public QObject {
     QCOMPARE(p.ended, 1);
     QVERIFY(!p.window.isVisible());
     QVERIFY(QFile::exists(ini()));
-  }
-
-  void keepsTheMinimumSizeAndTheSurfaceFollowsTheDiagram() {
-    Program& p = start();
-    p.window.resize(400, 300);
-    QCOMPARE(p.window.size(), QSize(696, 553));
-    p.window.resize(1200, 900);
-    QTest::qWait(10);
-    QCOMPARE(p.bilog.width(), p.window.bilog()->width());
   }
 
   void keysOfTheSheetTheLockAndTheFileFilters() {
