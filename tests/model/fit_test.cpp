@@ -122,28 +122,6 @@ TEST_F(FitTest, TheFitDrawsOnlyTheFinalCurve) {
   EXPECT_EQ(session.forward_runs, report.tries + 2);
 }
 
-// Lock 1 holds the resistivity, 2 the thickness, 3 both; the last thickness is never tried.
-TEST_F(FitTest, LockedValuesAndTheLastThicknessStay) {
-  sounding();
-  for (int16_t lock : {1, 2, 3}) {
-    start({{80, 4}, {25, 25}, {250, 0}});
-    s.LayerLocks[2] = lock;
-    FitModel(session);
-    const bool rho_fixed = lock != 2, thickness_fixed = lock != 1;
-    bool rho_tried = false, thickness_tried = false;
-    for (const auto& run : probe.runs) {
-      rho_tried |= run(2, 1).num() != 25;
-      thickness_tried |= run(2, 2).num() != 25;
-      EXPECT_EQ(run(3, 2).num(), 0);
-    }
-    EXPECT_EQ(rho_tried, !rho_fixed) << "lock " << lock;
-    EXPECT_EQ(thickness_tried, !thickness_fixed) << "lock " << lock;
-    EXPECT_TRUE(!rho_fixed || rho(2) == 25) << "lock " << lock;
-    EXPECT_TRUE(!thickness_fixed || h(2) == 25) << "lock " << lock;
-    EXPECT_EQ(s.LayerLocks[2], lock);
-  }
-}
-
 // A zero parameter is tried once at the floor; a thickness pushed past the ceiling test (160000)
 // is set to 150000.
 TEST_F(FitTest, ATryIsHeldBetweenTheFloorAndTheCeiling) {
@@ -159,30 +137,22 @@ TEST_F(FitTest, ATryIsHeldBetweenTheFloorAndTheCeiling) {
 }
 
 TEST_F(FitTest, ThinLayersAreDroppedButNeverTheLastRow) {
-  // The last row is thin too (its thickness is set before the fit), and its lock moves up with it.
+  // Thinner than 0.01 m: the last row is thin too (its thickness is set before the fit), and its
+  // lock moves up with it.
   sounding();
-  start({{100, 0.005}, {20, 0.002}, {40, 5}, {60, 0.009}, {300, 0}}, 3);
+  start({{100, 0.005}, {20, 0.002}, {40, 0.01}, {60, 0.009}, {300, 0}}, 3);
   s.LayerModel(5, 2) = 0.004;
   s.LayerLocks[5] = 1;
   FitModel(session, &report);
   EXPECT_EQ(report.tries, 0);
   ASSERT_EQ(s.LayerCount, 2);
   // The last row stays, thin as it is, and is rounded; the rows below are cleared.
-  const double rows[5][3] = {{40, 5, 3}, {300, 0, 1}, {0, 0, 0}, {0, 0, 0}, {0, 0, 0}};
+  const double rows[5][3] = {{40, 0.01, 3}, {300, 0, 1}, {0, 0, 0}, {0, 0, 0}, {0, 0, 0}};
   for (int r = 1; r <= 5; ++r) {
     EXPECT_EQ(rho(r), rows[r - 1][0]) << "row " << r;
     EXPECT_EQ(h(r), rows[r - 1][1]) << "row " << r;
     EXPECT_EQ(s.LayerLocks[r], rows[r - 1][2]) << "row " << r;
   }
-}
-
-TEST_F(FitTest, TheModelIsRoundedAtTheEndEvenWhenLocked) {
-  sounding();
-  start({{123.456, 4.567}, {7.891, 12.345}, {0.0346, 0}}, 3);
-  s.ThicknessDecimals = 1;
-  FitModel(session);
-  EXPECT_EQ(std::vector<double>({rho(1), h(1), rho(2), h(2), rho(3)}),
-            std::vector<double>({123, 4.6, 7.9, 12.3, 0.035}));
 }
 
 TEST_F(FitTest, AMisfitAtOrBelowTheFloorEndsTheSearchAfterThatPass) {
