@@ -141,11 +141,16 @@ TEST_F(FitButtonTest, AModelInTheGridIsReadAndFitted) {
   }
 }
 
-TEST_F(FitButtonTest, WithTheOverlayBoxTickedTheStoreIsUpdatedAndTheFrameKept) {
+TEST_F(FitButtonTest, WithTheOverlayBoxTickedTheStoreIsUpdatedUntilItIsFull) {
   s.SuperposeCurve = 1;
   testing::set_model(s, {{80, 4}, {250, 0}});
   grid_model({{"80  ", "4  "}, {"250  ", ""}});
   click();
+  EXPECT_EQ(window.log, std::vector<std::string>{"overlay store"});
+  // A full store of overlays refuses the fit: nothing more is done.
+  s.HistoryLast = 19;
+  click();
+  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Maximum 20 soundings superposed"});
   EXPECT_EQ(window.log, std::vector<std::string>{"overlay store"});
 }
 
