@@ -51,18 +51,41 @@ class ModelViewTest : public ModelWindowTest {
   std::unique_ptr<ModelWindowView> view;
 };
 
-TEST_F(ModelViewTest, TheGridShowsTheModel) {
+// The grid shows the model, and the forms' calls show, unload and refresh the window.
+TEST_F(ModelViewTest, TheGridShowsTheModelAndTheFormsDriveTheWindow) {
   EXPECT_EQ(shown(1, 0), "100  ");
   EXPECT_EQ(shown(3, 2), "25  ");
   EXPECT_EQ(view->grid()->horizontalHeaderItem(0)->text(), "Resistivity");
   EXPECT_EQ(view->windowTitle(), "Drawing up model");
   EXPECT_EQ(view->grid()->currentRow(), 0);
   EXPECT_EQ(view->grid()->currentColumn(), 0);
+  QtForms qt_forms;
+  connect_model_window(qt_forms, window, *view);
+  qt_forms.unload_model_window();
+  EXPECT_FALSE(window.loaded());
+  EXPECT_FALSE(view->isVisible());
+  qt_forms.show_model_window();
+  EXPECT_TRUE(window.loaded());
+  EXPECT_TRUE(view->isVisible());
+  s.LayerModel(1, 1) = 150.0;
+  qt_forms.refresh_model_grid();
+  EXPECT_EQ(shown(1, 0), "150  ");
 }
 
+// Keys typed reach the logic with its codes (the keypad's apart); other characters are dropped,
+// a letter beeps, Return moves down.
 TEST_F(ModelViewTest, KeysTypedInTheGridGoToTheLogic) {
+  EXPECT_EQ(key_code_of(Qt::Key_7, Qt::KeypadModifier), key::kPad0 + 7);
+  EXPECT_EQ(key_code_of(Qt::Key_7, Qt::NoModifier), '7');
+  EXPECT_EQ(key_code_of(Qt::Key_Period, Qt::NoModifier), key::kPeriod);
+  EXPECT_EQ(key_code_of(Qt::Key_Period, Qt::KeypadModifier), key::kPadPoint);
+  EXPECT_EQ(key_code_of(Qt::Key_Shift, Qt::NoModifier), 0);
+  EXPECT_EQ(key_code_of(Qt::Key_Right, Qt::NoModifier), key::kRight);
   click_cell(2, 0);
   EXPECT_EQ(window.Grid1.row, 2);
+  QTest::keyClicks(view->grid(), "`^~x1");  // neither a digit nor the point
+  EXPECT_EQ(shown(2, 0), "1  ");
+  QTest::keyClick(view->grid(), Qt::Key_Backspace);
   QTest::keyClicks(view->grid(), "35");
   EXPECT_EQ(shown(2, 0), "35  ");
   QTest::keyClick(view->grid(), Qt::Key_Backspace);
@@ -71,7 +94,7 @@ TEST_F(ModelViewTest, KeysTypedInTheGridGoToTheLogic) {
   QTest::keyClick(view->grid(), Qt::Key_5, Qt::KeypadModifier);
   EXPECT_EQ(window.Grid1.text(2, 0), "3.5  ");
   QTest::keyClick(view->grid(), Qt::Key_A);
-  EXPECT_EQ(wforms.beeps, 1);
+  EXPECT_EQ(wforms.beeps, 5);  // the four characters above and the letter
   QTest::keyClick(view->grid(), Qt::Key_Return);
   EXPECT_EQ(window.Grid1.row, 3);
   EXPECT_EQ(view->grid()->currentRow(), 2);
@@ -85,7 +108,6 @@ TEST_F(ModelViewTest, ADoubleClickFixesTheValue) {
   EXPECT_EQ(g->item(1, 1)->background().color(), QColor(255, 255, 0));
   EXPECT_EQ(g->item(1, 1)->foreground().color(), QColor(255, 0, 0));
 }
-
 TEST_F(ModelViewTest, ButtonsAndBoxReachTheLogic) {
   click_cell(3, 0);
   QTest::keyClicks(view->grid(), "900");
@@ -106,32 +128,6 @@ TEST_F(ModelViewTest, ButtonsAndBoxReachTheLogic) {
 
   view->slider()->setValue(6);
   EXPECT_DOUBLE_EQ(s.ModelSensitivity, 0.63);
-}
-
-TEST_F(ModelViewTest, TheKeypadAndTheMainKeysGiveTheLogicsCodes) {
-  EXPECT_EQ(key_code_of(Qt::Key_7, Qt::KeypadModifier), key::kPad0 + 7);
-  EXPECT_EQ(key_code_of(Qt::Key_7, Qt::NoModifier), '7');
-  EXPECT_EQ(key_code_of(Qt::Key_Period, Qt::NoModifier), key::kPeriod);
-  EXPECT_EQ(key_code_of(Qt::Key_Period, Qt::KeypadModifier), key::kPadPoint);
-  EXPECT_EQ(key_code_of(Qt::Key_Shift, Qt::NoModifier), 0);
-  EXPECT_EQ(key_code_of(Qt::Key_Right, Qt::NoModifier), key::kRight);
-  click_cell(2, 0);
-  QTest::keyClicks(view->grid(), "`^~x1");  // neither a digit nor the point
-  EXPECT_EQ(shown(2, 0), "1  ");
-}
-
-TEST_F(ModelViewTest, TheFormsCallsShowAndUnloadTheWindow) {
-  QtForms qt_forms;
-  connect_model_window(qt_forms, window, *view);
-  qt_forms.unload_model_window();
-  EXPECT_FALSE(window.loaded());
-  EXPECT_FALSE(view->isVisible());
-  qt_forms.show_model_window();
-  EXPECT_TRUE(window.loaded());
-  EXPECT_TRUE(view->isVisible());
-  s.LayerModel(1, 1) = 150.0;
-  qt_forms.refresh_model_grid();
-  EXPECT_EQ(shown(1, 0), "150  ");
 }
 
 }  // namespace

@@ -5,14 +5,12 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QMenuBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
-#include <filesystem>
 #include <memory>
 
 #include "app/application.h"
@@ -95,7 +93,7 @@ class WindowTest : public QObject {
   void init() { QFile::remove(ini()); }
   void cleanup() { p_.reset(); }
 
-  void startsWithTheStartWindowTheTabsAndTheToolbar() {
+  void startsWithTheStartWindowTheTabsAndTheToolbarThenResizesAndChangesLanguage() {
     Program& p = start();
     QVERIFY(p.window.splash()->isVisible());
     QCOMPARE(p.window.splash()->button(2)->text(), QStringLiteral("Start a new VES"));
@@ -116,21 +114,34 @@ class WindowTest : public QObject {
     QCOMPARE(tips.mid(0, 7).join(','),
              QStringLiteral("Open File,Save File,New SEV,Show model,Help file,"
                             "Copy the screen to the Clipboard ,Exit Tellux"));
-    // Parts the program does not have yet are shown disabled.
     // Every command is live; the video only where one is installed.
     QVERIFY(p.window.action(QStringLiteral("Help"))->isEnabled());
     QVERIFY(p.window.action(QStringLiteral("NCalculator"))->isEnabled());
     QCOMPARE(p.window.action(QStringLiteral("F1_F"))->text(), QStringLiteral("&1 "));
+    // The window keeps its minimum size and the surface follows the diagram.
+    p.window.resize(400, 300);
+    QCOMPARE(p.window.size(), QSize(696, 553));
+    p.window.resize(1200, 900);
+    QTest::qWait(10);
+    QCOMPARE(p.bilog.width(), p.window.bilog()->width());
+    // Another language: the tabs keep their names.
+    p.window.language_box()->setCurrentIndex(0);  // Français
+    QVERIFY(p.app.s.Language.French);
+    QCOMPARE(p.model_window_unloaded, 1);
+    QCOMPARE(p.window.sheet()->button("ExitButton")->text(), QStringLiteral("&Quitte"));
+    QCOMPARE(p.window.tabs()->tabText(1), QStringLiteral("SEV model"));
   }
 
-  void opensASampleThroughTheToolbar() {
+  // Opening a sample through the toolbar; from then on a resize draws the diagram again: frame,
+  // marks and the model's curve. The tabs run their rules, the array changes and redraws, and
+  // nothing of the sounding stays on the diagram when one without a model is opened.
+  void opensASampleChangesTheArrayThenOpensOneWithoutAModel() {
     Program& p = start();
+    p.app.s.PointsColour = 0xFF0000;  // blue marks, apart from the red curve
     open_sample(p, sample("three_layers.TX3"));
     QVERIFY(p.window.windowTitle().contains(QStringLiteral("three_layers.TX3")));
     QCOMPARE(p.model_window_shown, 1);
     QCOMPARE(p.app.s.FieldCount, int16_t{28});
-    // From now on a resize draws the diagram again: frame, marks and the model's curve.
-    p.app.s.PointsColour = 0xFF0000;  // blue marks, apart from the red curve
     p.window.resize(p.window.width() + 20, p.window.height());
     QVERIFY(pixels_of(p.bilog.image(), 0xFF0000) > 100);
     QVERIFY(pixels_of(p.bilog.image(), p.app.s.CurveColour) > 100);
@@ -145,16 +156,19 @@ class WindowTest : public QObject {
     QVERIFY(p.app.s.MaxAbHalf > 0);
     p.window.tabs()->setCurrentIndex(5);
     QCOMPARE(p.dialogs.messages.back().text, std::string("First, you must load SEV files"));
-  }
-
-  // Nothing of the sounding before stays on the diagram when one without a model is opened.
-  void opensASoundingWithoutAModelAfterAnother() {
-    Program& p = start();
-    p.app.s.PointsColour = 0xFF0000;  // blue marks, apart from the red curve
-    open_sample(p, sample("three_layers.TX3"));
-    p.window.resize(p.window.width() + 20, p.window.height());
+    p.window.tabs()->setCurrentIndex(3);
+    SetupWidget* setup = p.window.setup();
+    setup->array_button(2)->click();     // Wenner
+    setup->list(1)->setCurrentIndex(1);  // AB/2 from 1
+    setup->steps_box()->setChecked(false);
+    setup->redraw_button()->click();
+    QCOMPARE(p.app.s.Spread, SpreadType::Wenner);
+    QCOMPARE(p.app.s.DecadeStart, int16_t{0});
+    QCOMPARE(p.app.s.ShowModelSteps, int16_t{-1});
+    QCOMPARE(p.window.array_box()->text(), QStringLiteral("Wenner"));
+    QVERIFY(QString::fromStdString(p.app.settings.SevFile).endsWith(QStringLiteral("DATAWEN.TXT")));
+    QVERIFY(pixels_of(p.bilog.image(), p.app.s.PointsColour) > 100);
     p.app.main.NameBox.Text = "three_layers";
-    QVERIFY(pixels_of(p.bilog.image(), p.app.s.CurveColour) > 100);
     open_sample(p, sample("three_layers_nomodel.TX3"));
     QCOMPARE(pixels_of(p.bilog.image(), p.app.s.CurveColour), 0);
     QVERIFY(pixels_of(p.bilog.image(), p.app.s.PointsColour) > 100);
@@ -206,23 +220,6 @@ class WindowTest : public QObject {
     QCOMPARE(p.app.s.FieldCount, int16_t{1});
   }
 
-  void changesTheArrayAndRedraws() {
-    Program& p = start();
-    open_sample(p, sample("three_layers.TX3"));
-    p.window.tabs()->setCurrentIndex(3);
-    SetupWidget* setup = p.window.setup();
-    setup->array_button(2)->click();     // Wenner
-    setup->list(1)->setCurrentIndex(1);  // AB/2 from 1
-    setup->steps_box()->setChecked(false);
-    setup->redraw_button()->click();
-    QCOMPARE(p.app.s.Spread, SpreadType::Wenner);
-    QCOMPARE(p.app.s.DecadeStart, int16_t{0});
-    QCOMPARE(p.app.s.ShowModelSteps, int16_t{-1});
-    QCOMPARE(p.window.array_box()->text(), QStringLiteral("Wenner"));
-    QVERIFY(QString::fromStdString(p.app.settings.SevFile).endsWith(QStringLiteral("DATAWEN.TXT")));
-    QVERIFY(pixels_of(p.bilog.image(), p.app.s.PointsColour) > 100);
-  }
-
   // Two soundings chosen fill the table and the scale; an anchor patch opens the colour dialog.
   void selectsSoundingsAndPicksAnAnchor() {
     Program& p = start();
@@ -238,15 +235,6 @@ class WindowTest : public QObject {
     QCOMPARE(profile->rgb_box(1)->text(), QStringLiteral("255"));
     QCOMPARE(profile->class_patch(1)->text(), QStringLiteral("20"));
     QCOMPARE(p.app.profile.sheet.scale.ClassBox[1].BackColor, 0x00FF00);
-  }
-
-  void changesTheLanguage() {
-    Program& p = start();
-    p.window.language_box()->setCurrentIndex(0);  // Français
-    QVERIFY(p.app.s.Language.French);
-    QCOMPARE(p.model_window_unloaded, 1);
-    QCOMPARE(p.window.sheet()->button("ExitButton")->text(), QStringLiteral("&Quitte"));
-    QCOMPARE(p.window.tabs()->tabText(1), QStringLiteral("SEV model"));  // tabs keep theirs
   }
 
   // Cancel at the question keeps the window; Yes then ends the program. (No is covered by the
@@ -270,30 +258,17 @@ class WindowTest : public QObject {
     QVERIFY(QFile::exists(ini()));
   }
 
-  void keepsTheMinimumSizeAndTheSurfaceFollowsTheDiagram() {
-    Program& p = start();
-    p.window.resize(400, 300);
-    QCOMPARE(p.window.size(), QSize(696, 553));
-    p.window.resize(1200, 900);
-    QTest::qWait(10);
-    QCOMPARE(p.bilog.width(), p.window.bilog()->width());
-  }
-
-  void keysOfTheSheet() {
+  void keysOfTheSheetTheLockAndTheFileFilters() {
     QCOMPARE(sheet_key_code(Qt::Key_Period, QStringLiteral("."), false), 46);
     QCOMPARE(sheet_key_code(Qt::Key_Comma, QStringLiteral(","), true), 62);
     QCOMPARE(sheet_key_code(Qt::Key_Comma, QStringLiteral(","), false), -1);
-  }
-
-  void secondCopyIsSeenThroughTheLock() {
+    // A second copy is seen through the lock.
     const QString lock = dir_.filePath(QStringLiteral("tellux.lock"));
     QtSystemServices first(lock), second(lock);
     QVERIFY(!first.another_copy_running());
     QVERIFY(!first.another_copy_running());  // asking again from the same copy
     QVERIFY(second.another_copy_running());
-  }
-
-  void fileFiltersInQtsForm() {
+    // File filters in Qt's form.
     QCOMPARE(qt_file_filter("Tellux 5 & 6 (*.TX3)|*.TX3|TL! DOS (*.SEV)|*.SEV"),
              QStringLiteral("Tellux 5 & 6 (*.TX3);;TL! DOS (*.SEV)"));
     QCOMPARE(qt_file_filter("Programs|*.EXE"), QStringLiteral("Programs (*.EXE)"));

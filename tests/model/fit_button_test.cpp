@@ -54,8 +54,7 @@ class FitButtonTest : public testing::SessionTest {
   void grid_model(std::initializer_list<std::pair<const char*, const char*>> rows) {
     int r = 0;
     for (auto [rho, h] : rows) {
-      ++r;
-      grid.set_text(r, 0, rho);
+      grid.set_text(++r, 0, rho);
       grid.set_text(r, 1, h);
     }
   }
@@ -71,18 +70,6 @@ class FitButtonTest : public testing::SessionTest {
   RefreshingForms refreshing;
   Session watched{s, dialogs, refreshing};
 };
-
-TEST_F(FitButtonTest, AFullStoreOfOverlaysRefusesTheFit) {
-  s.SuperposeCurve = 1;
-  s.HistoryLast = 19;
-  grid_model({{"100  ", "5  "}, {"20  ", ""}});
-  click();
-  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Maximum 20 soundings superposed"});
-  EXPECT_EQ(dialogs.messages[0].icon, Icon::Exclamation);
-  EXPECT_TRUE(window.log.empty());
-  EXPECT_EQ(s.LayerModel(1, 1).num(), 0);
-  expect_grid_place_restored();
-}
 
 // A resistivity without a thickness is too little; an empty grid asks for the automatic model,
 // and No builds nothing.
@@ -154,14 +141,16 @@ TEST_F(FitButtonTest, AModelInTheGridIsReadAndFitted) {
   }
 }
 
-TEST_F(FitButtonTest, WithTheOverlayBoxTickedTheStoreIsUpdatedAndTheFrameKept) {
+TEST_F(FitButtonTest, WithTheOverlayBoxTickedTheStoreIsUpdatedUntilItIsFull) {
   s.SuperposeCurve = 1;
-  s.LayerModel(1, 1) = 80.0;
-  s.LayerModel(1, 2) = 4.0;
-  s.LayerModel(2, 1) = 250.0;
-  s.LayerCount = 2;
+  testing::set_model(s, {{80, 4}, {250, 0}});
   grid_model({{"80  ", "4  "}, {"250  ", ""}});
   click();
+  EXPECT_EQ(window.log, std::vector<std::string>{"overlay store"});
+  // A full store of overlays refuses the fit: nothing more is done.
+  s.HistoryLast = 19;
+  click();
+  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Maximum 20 soundings superposed"});
   EXPECT_EQ(window.log, std::vector<std::string>{"overlay store"});
 }
 

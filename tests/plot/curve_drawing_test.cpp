@@ -16,6 +16,7 @@ double L(double v) { return std::log(v) * 0.4343; }
 class CurveDrawingTest : public testing::PlotTest {
  protected:
   void SetUp() override {
+    PlotTest::SetUp();
     s.AB2min = 0, s.AB2max = 10000, s.RHOmin = 1, s.RHOmax = 10000;
     s.DecadeStart = -1, s.DecadeEnd = 4, s.RhoDecadeStart = 0, s.RhoDecadeEnd = 4;
     s.WorkMode = mode::kNormal;
@@ -36,25 +37,23 @@ class CurveDrawingTest : public testing::PlotTest {
   }
 };
 
-TEST_F(CurveDrawingTest, SamplesJoinIntoAStrokeAndStopAtTheRightEdge) {
+// Samples join into a stroke, which stops at the right edge (strict: the sample at DecadeEnd is
+// outside) and starts anew where a curve that left the frame comes back.
+TEST_F(CurveDrawingTest, SamplesJoinIntoStrokesInsideTheFrame) {
   s.FirstPoint = true;
   DrawCurveSegment(session, surfaces, 1, 100);
   DrawCurveSegment(session, surfaces, 2, 120);
   EXPECT_EQ(screen.ops,
             (std::vector<std::string>{"DrawWidth 1", "PSet " + xy(-1, L(100)) + " 255",
                                       "DrawWidth 1", "LineTo " + xy(-0.875, L(120)) + " 255"}));
-  // The sample at DecadeEnd is outside: the test is strict at the right.
   screen.ops.clear();
   DrawCurveSegment(session, surfaces, 40, 100);
   EXPECT_FALSE(s.FirstPoint);
   DrawCurveSegment(session, surfaces, 41, 100);
-  EXPECT_EQ(ops_starting(screen.ops, "LineTo").size(), 1u);
-  EXPECT_EQ(ops_starting(screen.ops, "LineTo")[0], "LineTo " + xy(3.875, L(100)) + " 255");
+  EXPECT_EQ(ops_starting(screen.ops, "LineTo"),
+            std::vector<std::string>{"LineTo " + xy(3.875, L(100)) + " 255"});
   EXPECT_TRUE(s.FirstPoint);
-}
-
-TEST_F(CurveDrawingTest, ACurveLeavingTheFrameStartsAnewWhereItComesBack) {
-  s.FirstPoint = true;
+  screen.ops.clear();
   DrawCurveSegment(session, surfaces, 1, 100);
   DrawCurveSegment(session, surfaces, 2, 20000);  // above the top edge
   EXPECT_TRUE(s.FirstPoint);
@@ -183,6 +182,10 @@ TEST_F(CurveDrawingTest, DeviationsAreHundredTimesTheDifferenceOverTheReading) {
   DrawErrorCurve(session, surfaces);
   EXPECT_EQ(s.ModelCurve(1, 3).num(), 100.0 * 200.0 / 300.0);  // not 100 x (200 / 300)
   EXPECT_EQ(s.ModelCurve(2, 3).num(), 0.001);                  // beyond the last usable sample
+  // A damaged header's count of 32767 readings: one error and one message, not one per row.
+  s.FieldCount = 32767;
+  DrawErrorCurve(session, surfaces);
+  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{" Error occurs while drawing RMS"});
 }
 
 TEST_F(CurveDrawingTest, ErrorCurveLiesOnTheSoundingsAxesFromTheBottomEdge) {
@@ -214,21 +217,6 @@ TEST_F(CurveDrawingTest, ErrorCurveOnThePageWithItsOwnPen) {
                                       "PenWidth 18", "PenWidth 10", "PenColor 32768",
                                       "DrawLine " + page_xy(L(8), y2), "PenWidth 18"}));
   EXPECT_TRUE(screen.ops.empty());
-}
-
-}  // namespace
-}  // namespace tellux
-
-namespace tellux {
-namespace {
-
-// A damaged header's count of 32767 readings: one error and one message, not one per row.
-TEST_F(CurveDrawingTest, ACountPastTheTableSaysSoOnce) {
-  field({{1, 100}, {10, 50}});
-  s.FieldCount = 32767;
-  s.ShowErrorCurve = 1;
-  DrawErrorCurve(session, surfaces);
-  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{" Error occurs while drawing RMS"});
 }
 
 }  // namespace

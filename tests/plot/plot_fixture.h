@@ -1,5 +1,5 @@
 #pragma once
-// A headless diagram: the record, scripted dialogs, and recording surfaces for the screen, the
+// A headless diagram: a session with recording surfaces for the screen, the
 // report page and the printer.
 #include <gtest/gtest.h>
 
@@ -7,24 +7,21 @@
 #include <string>
 #include <vector>
 
-#include "core/session.h"
-#include "platform/headless/recording_forms.h"
 #include "platform/headless/recording_page.h"
 #include "platform/headless/recording_surface.h"
-#include "platform/headless/scripted_dialogs.h"
 #include "plot/curve_drawing.h"
+#include "session_fixture.h"
 
 namespace tellux::testing {
 
-class PlotTest : public ::testing::Test {
+class PlotTest : public SessionTest {
  protected:
   // Field rows 1..n as (AB/2, resistivity).
   void field(std::initializer_list<std::pair<double, double>> rows) {
     s.FieldTable.erase();
     int n = 0;
     for (const auto& [ab, rho] : rows) {
-      ++n;
-      s.FieldTable(n, 1) = ab;
+      s.FieldTable(++n, 1) = ab;
       s.FieldTable(n, 2) = rho;
     }
     s.FieldCount = static_cast<int16_t>(n);
@@ -34,23 +31,11 @@ class PlotTest : public ::testing::Test {
     s.LayerModel.erase();
     int n = 0;
     for (const auto& [rho, h] : rows) {
-      ++n;
-      s.LayerModel(n, 1) = rho;
+      s.LayerModel(++n, 1) = rho;
       if (h > 0) s.LayerModel(n, 2) = h;
     }
     s.LayerCount = static_cast<int16_t>(n);
   }
-  void use_language(char letter) {
-    s.Language = {};
-    s.Language.English = letter == 'E';
-    s.Language.French = letter == 'F';
-    s.Language.Spanish = letter == 'S';
-  }
-
-  SoundingState s;
-  ScriptedDialogs dialogs;
-  RecordingForms forms;
-  Session session{s, dialogs, forms};
   RecordingSurface screen;
   RecordingSurface printer;
   RecordingPage page;

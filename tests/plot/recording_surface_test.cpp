@@ -26,6 +26,14 @@ TEST(RecordingSurfaceTest, OneStableLinePerOperation) {
             "Print \" .1\"\n"
             "Print \" 1000\"\n"
             "LineTo 2.0000 3.0000 fore\n");
+  RecordingPage p;  // the page: twips to two decimals
+  p.PenColor(255);
+  p.PenWidth(18);
+  p.DrawLine(1134, 9000.506, 1134, 9000.506);
+  p.DrawLine(1200.25, 8000);
+  EXPECT_EQ(p.text(),
+            "PenColor 255\nPenWidth 18\nDrawLine 1134.00 9000.51 1134.00 9000.51\n"
+            "DrawLine 1200.25 8000.00\n");
 }
 
 TEST(RecordingSurfaceTest, CurrentPositionFollowsPointsLinesAndText) {
@@ -42,17 +50,6 @@ TEST(RecordingSurfaceTest, CurrentPositionFollowsPointsLinesAndText) {
   EXPECT_FLOAT_EQ(r.CurrentY(), 1.9f);  // one line lower
   r.Cls();
   EXPECT_FLOAT_EQ(r.CurrentY(), 4.5f);
-}
-
-TEST(RecordingPageTest, LinesInTwipsToTwoDecimals) {
-  RecordingPage p;
-  p.PenColor(255);
-  p.PenWidth(18);
-  p.DrawLine(1134, 9000.506, 1134, 9000.506);
-  p.DrawLine(1200.25, 8000);
-  EXPECT_EQ(p.text(),
-            "PenColor 255\nPenWidth 18\nDrawLine 1134.00 9000.51 1134.00 9000.51\n"
-            "DrawLine 1200.25 8000.00\n");
 }
 
 }  // namespace

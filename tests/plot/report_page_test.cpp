@@ -11,6 +11,7 @@ namespace {
 class ReportTest : public PlotTest {
  protected:
   void SetUp() override {
+    PlotTest::SetUp();
     field({{1, 100}, {10, 40}, {100, 300}});
     model({{100, 2.125}, {20, 15}, {500, 0}});
     s.FileName = "R1.TX3";
@@ -42,7 +43,7 @@ class ReportTest : public PlotTest {
   PageDocument doc;
 };
 
-TEST_F(ReportTest, UprightPageHoldsDiagramLocationModelAndCommentThenTheFieldData) {
+TEST_F(ReportTest, TheDiagramLocationModelAndCommentThenTheFieldDataUprightAndLying) {
   // One decimal asked for a thickness the model window has not rounded.
   s.ThicknessDecimals = 1;
   build(false, false);
@@ -59,9 +60,7 @@ TEST_F(ReportTest, UprightPageHoldsDiagramLocationModelAndCommentThenTheFieldDat
   EXPECT_DOUBLE_EQ(s.PlotScale, (11906 - 2 * 1134 - 20 * 56.7) / (5 * 56.7));
   EXPECT_DOUBLE_EQ(s.PlotOriginY, 1134 + 20 * 56.7 + 4 * 56.7 * s.PlotScale);
   EXPECT_EQ(s.WorkMode, "");
-}
-
-TEST_F(ReportTest, ALyingPagePutsTheTextOnAPageOfItsOwn) {
+  // A lying page puts the text on a page of its own.
   build(true);
   ASSERT_EQ(doc.PageCount(), 3);
   EXPECT_FALSE(has(1, "Location   X = 1000    Y = 2000    Z = 120"));
