@@ -25,5 +25,5 @@ for t in "${targets[@]}"; do
   (cd build-fuzz/scratch && "$root/build-fuzz/tests/fuzz_$t" -max_total_time="$seconds" -runs=1000000 \
     -max_len=65536 -timeout=5 -rss_limit_mb=2048 -print_final_stats=1 \
     "$root/build-fuzz/corpus/$t" "$root/tests/fuzz/$t" 2>&1 |
-    grep -E "^(stat::number_of_executed_units|stat::peak_rss_mb|#[0-9]+ +DONE)|ERROR|SUMMARY" || true)
+    grep -E "^(stat::number_of_executed_units|stat::peak_rss_mb|#[0-9]+[[:space:]]+DONE)|ERROR|SUMMARY" || true)
 done
