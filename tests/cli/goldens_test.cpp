@@ -33,6 +33,8 @@ const Golden kGolden[] = {
     {"open_three_layers.json", "open " + S + "three_layers.TX3"},
     {"open_sev.json", "open " + D + "open/sample.SEV"},
     {"open_deep_sev.json", "open " + D + "open/deep_layers.SEV"},
+    {"open_short_sev.json", "open " + D + "open/short.SEV"},
+    {"open_damaged_sev.json", "open " + D + "open/damaged.SEV"},
     {"open_txe.json", "open " + D + "open/sample.TXE"},
     {"open_cut_txe.json", "open " + D + "open/cut.TXE"},
     {"open_txw.json", "open " + D + "open/sample.TXW"},

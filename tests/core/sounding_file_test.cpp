@@ -10,19 +10,6 @@ namespace {
 
 using testing::SessionTest;
 
-// Three layers of 12 field rows; seven strings.
-std::string twelve_rows_tx3() {
-  std::string f = "12.5\r\n";
-  const int ab[12] = {10, 15, 20, 30, 40, 50, 70, 100, 150, 200, 300, 400};
-  for (int i = 0; i < 12; ++i)
-    f += std::to_string(ab[i] * 10) + "," + std::to_string(10000 + i * 150) +
-         ",50,1234,4320,100\r\n";
-  f += "10000,200,0\r\n5000,1000,200\r\n20000,0,1200\r\n";
-  for (int r = 4; r <= 20; ++r) f += "0,0,0\r\n";
-  f += "\"comment\"\r\n\"\"\r\n\"title\"\r\n\"1000\"\r\n\"2000\"\r\n\"350\"\r\n\"45\"\r\n";
-  return f;
-}
-
 // Columns 1 to 6 of a field row.
 std::vector<float> row(const SoundingState& s, int r) {
   std::vector<float> v;
@@ -39,31 +26,23 @@ class SoundingFileTest : public SessionTest {
 };
 
 // Each read keeps the previous model in the history and never lowers MaxAbHalf: the longer
-// sounding's spacing stands until the next Compute.
-TEST_F(SoundingFileTest, ReadsTheCurrentLayoutWithItsScalesAndKeepsThePreviousModel) {
-  write("a.TX3", twelve_rows_tx3());
+// sounding's spacing stands until the next Compute. The record read is compared whole by the batch
+// command's `open` goldens.
+TEST_F(SoundingFileTest, EachReadKeepsThePreviousModelAndTheLargestSpacing) {
+  std::filesystem::copy_file(TELLUX_SOURCE_DIR "/samples/three_layers.TX3", path("a.TX3"));
   write("short.TX3", "1.5\r\n20,1000,0,0,0,0\r\n");
   std::tie(s.LayerModel(1, 1), s.LayerModel(1, 2), s.LayerCount) = std::tuple(7.0, 3.0, 1);
   ASSERT_TRUE(open("a.TX3"));
   EXPECT_TRUE(dialogs.messages.empty());
-  EXPECT_EQ(std::tuple(s.FormatLevel, s.ResistScale, s.FieldCount, s.MaxAbHalf),
-            std::tuple(5, 100, 12, 400));
-  EXPECT_EQ(row(s, 2), (std::vector<float>{15, 101.5f, 0.5f, 123.4f, 43.2f, 100}));
-  EXPECT_EQ(std::tuple(s.FieldTable(2, 7).num(), s.FieldTable(2, 1).kind()),
-            std::tuple(s.FieldTable(2, 2).num(), rt::Kind::Single));
   EXPECT_EQ(
-      std::tuple(s.LayerModel(2, 1).num(), s.LayerModel(2, 2).num(), s.LayerModel(3, 3).num()),
-      std::tuple(50.0, 10.0, 12.0));
-  EXPECT_EQ(s.CommentText + "|" + s.GraphTitle + "|" + s.LocationAzimuth, "comment|title|45");
-  EXPECT_EQ(std::tuple(s.ModelOutdated, s.ModelComputed, s.ModelSensitivity),
-            std::tuple(true, 0, 0.3));
+      std::tuple(s.FieldTable(2, 1).kind(), s.ModelOutdated, s.ModelComputed, s.ModelSensitivity),
+      std::tuple(rt::Kind::Single, true, 0, 0.3));
   EXPECT_EQ(std::tuple(s.HistoryLast, s.HistoryShown, s.HistoryCounts[1], s.OverlayHold),
             std::tuple(1, 1, 1, 1));
   EXPECT_EQ(std::pair(s.LayerHistory[1](1, 1).num(), s.LayerHistory[1](1, 2).num()),
             std::pair(7.0, 3.0));
   open("short.TX3");
-  EXPECT_EQ(s.MaxAbHalf, 400);
-  EXPECT_DOUBLE_EQ(s.LayerHistory[2](2, 1), 50.0);
+  EXPECT_EQ(std::tuple(s.MaxAbHalf, s.LayerHistory[2](2, 1).num()), std::tuple(500, 20.0));
   s.HistoryLast = 20;
   open("short.TX3");
   EXPECT_EQ(s.HistoryLast, 20);  // the last slot is overwritten
@@ -89,10 +68,8 @@ TEST_F(SoundingFileTest, OlderLayoutsDivideByTheirOwnScales) {
   open("d.TXW", 2);
   EXPECT_EQ(row(s, 1), (std::vector<float>{10, 1000, 0.5f, 0.1f, 5, 0.1f}));
   EXPECT_TRUE(s.LayerModel(11, 1).empty());  // rows 11 to 20 stay empty
-  EXPECT_EQ(std::tuple(s.FormatLevel, s.LayerModel(10, 1).num(), s.CommentText, s.GraphTitle),
-            std::tuple(2, 100.0, "only comment", ""));
   // Files that end early carry no message.
-  EXPECT_TRUE(dialogs.messages.empty());
+  EXPECT_EQ(s.CommentText + std::to_string(dialogs.messages.size()), "only comment0");
 }
 
 // Rows 2 and 3 repeating AB/2 and resistivity make an adjusted splice, not the same AB/2 alone.
@@ -151,7 +128,7 @@ class WriteTest : public SoundingFileTest {
   }
 };
 
-TEST_F(WriteTest, WritesTheFormatAndReadsBackTheSameRecord) {
+TEST_F(WriteTest, WritesTheFormatByteForByteAndAnEmptySoundingReadsBack) {
   s.WorkMode = mode::kFile;
   std::string p = path("w.TX3");
   ASSERT_TRUE(write_sounding_file(session, p));
@@ -166,13 +143,6 @@ TEST_F(WriteTest, WritesTheFormatAndReadsBackTheSameRecord) {
   // The writer's own results: caption, mode at rest, the recent-file head.
   EXPECT_EQ(std::tuple(forms.caption, s.WorkMode, s.RecentFiles[1], forms.recent_captions[1]),
             std::tuple("Tellux [" + p + "]", "", p, "&1 " + p));
-  s.LayerModel.erase();
-  s.CommentText.clear();
-  open("w.TX3");
-  EXPECT_EQ(row(s, 1), (std::vector<float>{1.5f, 123.46f, 0.5f, 12.3f, 123456.8f, 12}));
-  EXPECT_FLOAT_EQ(s.FieldTable(2, 6), 14.f);
-  EXPECT_EQ(std::tuple(s.LayerModel(2, 1).num(), s.LayerModel(1, 2).num()), std::tuple(10.0, 2.5));
-  EXPECT_EQ(s.CommentText + "|" + s.DataOrigin, "été|PASI");
   // An empty sounding has only its version mark.
   s.FieldCount = 0;
   s.WorkMode = mode::kFile;
