@@ -1,18 +1,34 @@
 // The open flow: the dialog, the recent-file list and its entries, the name parts, the steps
-// through the windows, and the messages of a failed read in each language.
+// through the windows, and the messages of a failed read in each language; the .SEV and TXE
+// readers where the batch command's `open` goldens cannot reach them (the state they leave from
+// before, the empty path, missing files) and the TXE conversion; the copy into the sheet.
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 
 #include "core/file_names.h"
+#include "core/fill_sheet.h"
+#include "core/older_formats.h"
 #include "core/open_flow.h"
-#include "open_test_support.h"
+#include "session_fixture.h"
 
 namespace tellux {
 namespace {
 
-using test::open_data;
-using test::OpenSession;
+std::string open_data(const std::string& name) {
+  return std::string(TELLUX_TEST_DATA) + "/open/" + name;
+}
+
+// A session over headless dialogs and recording forms.
+struct OpenSession {
+  SoundingState s;
+  ScriptedDialogs dialogs;
+  RecordingForms forms;
+  Session session{s, dialogs, forms};
+
+  void speak(char l) { s.Language = {l == 'S', l == 'F', l == 'E', l == 'A'}; }
+};
 
 // Where `line` stands in the forms' log; -1 when it is not there.
 int position(const RecordingForms& forms, const std::string& line) {
@@ -147,6 +163,128 @@ TEST(OpenSounding, ReadErrorsAndTheEmptyPathSpeakTheLanguageInForce) {
       EXPECT_TRUE(!*path || (o.s.FormatLevel == 3 && o.s.FileName == "lower.sev")) << letter;
     }
   }
+}
+
+void open_path(OpenSession& o, const std::string& path) {
+  o.s.FilePath = o.s.FileName = path;
+  open_sounding(o.session);
+}
+
+// Rows with a layer leave the readings empty and the others zero; only rows after L raise the
+// largest spacing (25), which then becomes its exponent. An empty path shows the box in the
+// language in force and reads nothing.
+TEST(SevFile, RowsWithALayerLeaveTheReadingsEmptyAndTheOthersZero) {
+  OpenSession o;
+  o.s.DataOrigin = o.s.LocationX = "PASI";
+  std::string path = open_data("sample.SEV");
+  read_sev_file(o.session, path);
+  for (int c = 3; c <= 6; ++c) {
+    EXPECT_TRUE(o.s.FieldTable(3, c).empty());
+    EXPECT_FALSE(o.s.FieldTable(4, c).empty());
+  }
+  EXPECT_EQ(o.s.DataOrigin + o.s.LocationX, "");
+  EXPECT_EQ(o.s.MaxAbHalf, 1);
+  const std::pair<char, const char*> cases[] = {{'F', "Sélectionnez d'abord un fichier "},
+                                                {'S', "Primero, seleccione un fichero "},
+                                                {'A', "First select a File "}};
+  for (const auto& [letter, text] : cases) {
+    o.dialogs.messages.clear();
+    o.speak(letter);
+    path.clear();
+    read_sev_file(o.session, path);
+    EXPECT_EQ(o.dialogs.texts(), std::vector<std::string>{text}) << letter;
+    EXPECT_EQ(o.dialogs.messages.at(0).icon, Icon::Exclamation);
+    EXPECT_EQ(o.s.FieldCount, 5);
+  }
+}
+
+// Fewer than ten layer rows in a TXE leave the rest as it stood: thickness and depth of the rows
+// not in the file are not scaled either.
+TEST(TxeFile, FewerThanTenLayerRowsLeaveTheRestAsItStood) {
+  OpenSession o;
+  std::tie(o.s.LayerModel(6, 1), o.s.LayerModel(6, 2), o.s.LayerModel(6, 3)) =
+      std::tuple(77.0, 8.0, 30.0);
+  o.s.CommentText = o.s.LocationAzimuth = "kept";
+  std::string path = open_data("short.TXE");
+  read_txe_file(o.session, path);
+  EXPECT_TRUE(o.dialogs.messages.empty());
+  EXPECT_EQ(std::tuple(o.s.FieldTable(5, 1).num(), o.s.FieldTable(5, 1).kind()),
+            std::tuple(25.0, rt::Kind::Single));
+  EXPECT_EQ(o.s.LayerModel(2, 2).num() + 10 * o.s.LayerModel(3, 3).num(), 10.0 + 125.0);
+  EXPECT_EQ(o.s.LayerModel(6, 1).num() + o.s.LayerModel(6, 2).num() + o.s.LayerModel(6, 3).num(),
+            115.0);
+  EXPECT_EQ(std::tuple(o.s.CommentText, o.s.LocationAzimuth, o.s.MaxAbHalf),
+            std::tuple("kept", "kept", 25));
+}
+
+// Missing files open quietly under their TX3 name.
+TEST(OlderFormats, MissingFilesOpenQuietlyUnderTheirTx3Name) {
+  for (const char* path : {"C:\\Survey\\gone.SEV", "/no/such/folder/gone.TXE"}) {
+    OpenSession o;
+    open_path(o, path);
+    EXPECT_TRUE(o.dialogs.messages.empty()) << path;
+    EXPECT_EQ(o.s.FileName + "|" + o.s.WorkMode, "gone.TX3|NORMAL");
+  }
+}
+
+// The TX3 is written beside the TXE; cancelled, the conversion ends with the cross pointer.
+using TxeConversion = testing::SessionTest;
+
+TEST_F(TxeConversion, WritesTheTx3BesideTheTxe) {
+  const std::string txe = path("field.TXE"), tx3 = path("field.TX3");
+  std::filesystem::copy_file(open_data("sample.TXE"), txe);
+  OpenSession o;
+  o.dialogs.open_choices.push_back({txe});
+  convert_txe_file(o.session);
+  ASSERT_EQ(o.dialogs.file_requests.size(), 1u);
+  EXPECT_EQ(o.dialogs.file_requests[0].filter + "|" + o.dialogs.file_requests[0].proposed,
+            "Fichier Tellux *.TXE|*.TXE");
+  EXPECT_EQ(o.dialogs.texts(), std::vector<std::string>{"Recording File " + tx3});
+  OpenSession back;
+  open_path(back, tx3);
+  EXPECT_TRUE(back.dialogs.messages.empty());
+  EXPECT_EQ(std::tuple(back.s.FieldCount, back.s.LocationY, back.s.FieldTable(4, 2).num(),
+                       back.s.LayerModel(3, 3).num()),
+            std::tuple(5, "200", 60.5, 12.5));
+  OpenSession cancel;
+  cancel.s.FieldCount = 3;
+  convert_txe_file(cancel.session);
+  EXPECT_EQ(cancel.forms.log, std::vector<std::string>{"pointer bilog 2"});
+  EXPECT_EQ(std::tuple(cancel.s.FieldCount, cancel.s.WorkMode), std::tuple(3, "NORMAL"));
+}
+
+// Readings go out with the number text, K cut to six characters; a row with a resistivity only
+// fills AB/2 and resistivity; the sheet is emptied first, its header kept.
+TEST(FillSheet, WritesTheReadingsWithTheNumberTextAndKCutToSixCharacters) {
+  SoundingState s;
+  GridModel grid(51, 7);
+  grid.set_text(0, 2, "AB/2");
+  grid.set_text(9, 3, "stale");
+  s.FieldCount = 2;
+  const float first[] = {1.5f, 120.5f, 0.5f, 123.4f, 1234.567f, 10.0f};
+  for (int c = 1; c <= 6; ++c) s.FieldTable(1, c) = first[c - 1];
+  s.FieldTable(2, 1) = 10.0f;
+  s.FieldTable(2, 2) = 60.5f;
+  fill_sheet(s, grid);
+  const char* rows[][6] = {{" .5", " 1.5", " 123.4", " 10", " 1234.", " 120.5"},
+                           {"", " 10", "", "", "", " 60.5"}};
+  for (int r = 1; r <= 2; ++r)
+    for (int c = 1; c <= 6; ++c) EXPECT_EQ(grid.text(r, c), rows[r - 1][c - 1]) << r << c;
+  EXPECT_EQ(grid.text(9, 3), "");
+  EXPECT_EQ(grid.text(0, 2), "AB/2");
+  EXPECT_TRUE(grid.redraw);
+  // Wenner shows no MN/2 but its K.
+  s.Spread = SpreadType::Wenner;
+  fill_sheet(s, grid);
+  EXPECT_EQ(grid.text(1, 1), "");
+  EXPECT_EQ(grid.text(1, 5), " 1234.");
+  // A 51st row has no line, but the sheet comes back.
+  s.FieldCount = 51;
+  for (int i = 1; i <= 51; ++i) s.FieldTable(i, 1) = static_cast<float>(i);
+  grid.redraw = false;
+  EXPECT_NO_THROW(fill_sheet(s, grid));
+  EXPECT_EQ(grid.text(50, 2), " 50");
+  EXPECT_TRUE(grid.redraw);
 }
 
 }  // namespace

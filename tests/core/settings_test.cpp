@@ -1,11 +1,12 @@
 // The settings file: defaults, the round trip, the keeping of the configuration, and the quirks
-// of the reader.
+// of the reader; the sectioned text file under it, and the letter of "Langue" with its four flags.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <fstream>
 #include <optional>
 
+#include "core/ini_file.h"
 #include "core/language.h"
 #include "core/runtime/token_file.h"
 #include "core/settings.h"
@@ -163,6 +164,58 @@ TEST(SettingsPath, ComesFromTelluxIniOrTheConfigurationFolder) {
   setenv("HOME", "/home/geo", 1);
   EXPECT_EQ(settings_file_path(), "/home/geo/.config/Tellux/Tellux6.ini");
   for (int i = 0; i < 3; ++i) old[i] ? setenv(names[i], old[i]->c_str(), 1) : unsetenv(names[i]);
+}
+
+// Names fold ASCII and the Latin-1 capitals À..Þ (not ×) to lower case; blanks and tabs around
+// names and values and the CR of a line end are trimmed, and quotes keep a value's blanks.
+TEST(IniFile, NamesAreComparedWithoutRegardToCaseAndBlanksAreTrimmed) {
+  const IniFile ini = IniFile::parse(
+      " [ Tellux ]\t\r\nModèle = 0 \r\n\tÉtat\t=\t'x'\t\r\nempty=\r\n[FILE]\r\nFile 1=a\r\n");
+  EXPECT_EQ(ini.get("tellux", "MODÈLE"), "0");
+  EXPECT_EQ(ini.get("TELLUX", "état"), "x");
+  EXPECT_EQ(ini.get("File", "file 1"), "a");
+  EXPECT_FALSE(ini.get("Tellux", "File 1"));
+  EXPECT_FALSE(ini.get("Nowhere", "x"));
+  EXPECT_EQ(ini.read("Tellux", "empty", "d"), "");
+  EXPECT_EQ(ini.read("Tellux", "missing", "d"), "d");
+  const std::pair<const char*, const char*> same[] = {
+      {"couleur_du_modèle", "COULEUR_DU_MODÈLE"}, {"À-Þ", "à-þ"}, {"AZ", "az"}};
+  const std::pair<const char*, const char*> differ[] = {
+      {"@", "`"}, {"[", "{"}, {"modele", "modèle"}, {"×", "÷"}, {"ab", "abc"}, {"abc", "ab"}};
+  for (auto [a, b] : same) EXPECT_TRUE(same_name(a, b)) << a;
+  for (auto [a, b] : differ) EXPECT_FALSE(same_name(a, b)) << a << " " << b;
+}
+
+TEST(IniFile, SetReplacesInPlaceAddsNewSectionsAfterABlankLineAndQuotesBlankEnds) {
+  IniFile ini = IniFile::parse("; comment\n[A]\nx=1\n\n[B]\ny=2\n");
+  ini.set("a", "X", "3");
+  ini.set("A", "z", "4");
+  ini.set("C", "w", " ");
+  ini.set("C", "n", "\"quoted\"");
+  EXPECT_EQ(ini.text(), "; comment\n[A]\nX=3\nz=4\n\n[B]\ny=2\n\n[C]\nw=\" \"\nn=\"\"quoted\"\"\n");
+  const IniFile back = IniFile::parse(ini.text());
+  EXPECT_EQ(back.get("C", "w"), " ");
+  EXPECT_EQ(back.get("C", "n"), "\"quoted\"");
+}
+
+// Each letter sets its one flag, compared exactly: anything else speaks English. Messages test
+// French, then Spanish, else English; the letter of the flags tests English, French, Spanish and
+// German, each overriding the one before.
+TEST(Language, LettersFlagsAndMessages) {
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"E", "E", "en"}, {"F", "F", "fr"}, {"S", "S", "es"},
+      {"A", "A", "en"}, {"f", "E", "en"}, {"", "E", "en"}};
+  for (auto [letter, back, says] : cases) {
+    const LanguageFlags f = language_from_letter(letter);
+    EXPECT_EQ(f.English + f.French + f.Spanish + f.German, 1) << letter;
+    EXPECT_EQ(letter_from_flags(f), back) << letter;
+    EXPECT_STREQ(pick(f, "fr", "es", "en"), says) << letter;
+  }
+  LanguageFlags several{true, true, true, false};
+  EXPECT_EQ(letter_from_flags(several), "S");
+  several.German = true;
+  EXPECT_EQ(letter_from_flags(several), "A");
+  EXPECT_EQ(letter_from_flags(LanguageFlags{false, false, false, false}, "F"), "F");
 }
 
 }  // namespace
