@@ -189,7 +189,7 @@ TEST_F(WriteTest, AsksFirstAndOffersTheDialogOnNoWithItsNameRules) {
   EXPECT_FALSE(std::filesystem::exists(p));
 }
 
-TEST_F(WriteTest, AFailedWriteStartsAgainAndKeepsTheOldFile) {
+TEST_F(WriteTest, AFailedWriteStartsAgainOrInBatchWorkStopsAndKeepsTheOldFile) {
   std::string p = path("missing/x.TX3");
   dialogs.answers = {Answer::Yes, Answer::No};
   dialogs.save_choices = {path("good.TX3")};
@@ -209,14 +209,11 @@ TEST_F(WriteTest, AFailedWriteStartsAgainAndKeepsTheOldFile) {
   EXPECT_FALSE(write_sounding_file(session, p));  // the dialog is cancelled
   EXPECT_EQ(dialogs.texts().at(1), "Fichier démo protégé en écriture...");
   EXPECT_EQ(read("ro.TX3"), "old content");
-}
-
-TEST_F(WriteTest, AnOverflowingValueIsARecordingErrorAndBatchWorkCannotLoop) {
+  // An overflowing value is a recording error, and batch work cannot loop.
   s.FieldTable(1, 5) = 1e9;  // x 100 is beyond 32 bits
-  s.WorkMode = mode::kFile;
+  std::tie(s.WorkMode, p) = std::tuple(mode::kFile, write("keep.TX3", "old"));
   use_language('S');
-  write("keep.TX3", "old");
-  std::string p = path("keep.TX3");
+  dialogs.messages.clear();
   EXPECT_FALSE(write_sounding_file(session, p));
   EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Error al salvar fichero..."});
   EXPECT_EQ(read("keep.TX3"), "old");
@@ -225,8 +222,7 @@ TEST_F(WriteTest, AnOverflowingValueIsARecordingErrorAndBatchWorkCannotLoop) {
 TEST_F(SoundingFileTest, CalculTx3GoesToTheSheetOrAsksForAFile) {
   s.FileName = "a.TX3";
   Calcul_TX3(session);
-  EXPECT_EQ(forms.tab, 1);
-  EXPECT_EQ(s.WorkMode, "NORMAL");
+  EXPECT_EQ(std::tuple(forms.tab, s.WorkMode), std::tuple(1, "NORMAL"));
   s.FileName.clear();
   use_language('F');
   Calcul_TX3(session);
