@@ -10,13 +10,6 @@ namespace {
 
 using testing::SessionTest;
 
-// Columns 1 to 6 of a field row.
-std::vector<float> row(const SoundingState& s, int r) {
-  std::vector<float> v;
-  for (int c = 1; c <= 6; ++c) v.push_back(static_cast<float>(s.FieldTable(r, c).num()));
-  return v;
-}
-
 class SoundingFileTest : public SessionTest {
  protected:
   bool open(const std::string& name, int16_t level = 3) {
@@ -48,45 +41,13 @@ TEST_F(SoundingFileTest, EachReadKeepsThePreviousModelAndTheLargestSpacing) {
   EXPECT_EQ(s.HistoryLast, 20);  // the last slot is overwritten
 }
 
-TEST_F(SoundingFileTest, OlderLayoutsDivideByTheirOwnScales) {
-  // No fraction, named TX3: level 3, resistivity and MN/2 by 10; another fraction: MN/2 by 100,
-  // the rest as level 3.
-  for (auto [first, mn] : {std::pair{"1", 5.0f}, std::pair{"1.3", 0.5f}}) {
-    std::string text = first + std::string("\r\n100,1000,50,100,500,10\r\n");
-    for (int r = 1; r <= 20; ++r) text += "0,0,0\r\n";
-    write("b.TX3", text);
-    open("b.TX3");
-    EXPECT_EQ(std::tuple(s.FormatLevel, s.ResistScale), std::tuple(3, 10));
-    EXPECT_EQ(row(s, 1), (std::vector<float>{10, 100, mn, 10, 5, 10}));
-  }
-  // TXW: DeltaV by 1000, I by 100, resistivity as it stands, ten layer rows.
-  std::string txw = "1\r\n100,1000,50,100,500,10\r\n";
-  for (int r = 1; r <= 10; ++r) txw += std::to_string(r * 10) + ",100,0\r\n";
-  txw += "\"only comment\"\r\n";
-  write("d.TXW", txw);
+// A TXW's ten layer rows empty rows 11 to 20. Its scales, those of the older TX3 layouts, splices
+// and half arrays are the open goldens' (tests/data/open).
+TEST_F(SoundingFileTest, ATxwEmptiesTheLayerRowsBeyondItsTen) {
+  std::filesystem::copy_file(TELLUX_TEST_DATA "/open/scales.TXW", path("d.TXW"));
   s.LayerModel(11, 1) = 99.0;
   open("d.TXW", 2);
-  EXPECT_EQ(row(s, 1), (std::vector<float>{10, 1000, 0.5f, 0.1f, 5, 0.1f}));
-  EXPECT_TRUE(s.LayerModel(11, 1).empty());  // rows 11 to 20 stay empty
-  // Files that end early carry no message.
-  EXPECT_EQ(s.CommentText + std::to_string(dialogs.messages.size()), "only comment0");
-}
-
-// Rows 2 and 3 repeating AB/2 and resistivity make an adjusted splice, not the same AB/2 alone.
-// AB/2 10, MN/2 1: full K = 3.1416 * 99/2 = 155.5; DeltaV 100 mV, I 100 mA: 155.5 ohm.m full,
-// twice that on a half array.
-TEST_F(SoundingFileTest, SplicesAndHalfArraysAreRecognised) {
-  const std::string rows = "3.5\r\n100,5000,50,0,0,0\r\n200,6000,50,0,0,0\r\n";
-  const std::tuple<std::string, int16_t*, int> cases[] = {
-      {rows + "200,6000,200,0,0,0\r\n", &s.ShiftCurves, 1},
-      {rows + "200,6500,200,0,0,0\r\n", &s.ShiftCurves, 0},
-      {"1.5\r\n100,31100,100,1000,31100,100\r\n", &s.HalfArray, 2},
-      {"1.5\r\n100,15550,100,1000,15550,100\r\n", &s.HalfArray, 1}};
-  for (const auto& [text, field, expected] : cases) {
-    write("s.TX3", text);
-    open("s.TX3");
-    EXPECT_EQ(*field, expected) << text;
-  }
+  EXPECT_TRUE(s.LayerModel(11, 1).empty());
 }
 
 TEST_F(SoundingFileTest, DamagedFilesKeepWhatWasReadAndSayReadingFileError) {
