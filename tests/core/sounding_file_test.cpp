@@ -126,8 +126,8 @@ TEST_F(WriteTest, AsksFirstAndOffersTheDialogOnNoWithItsNameRules) {
             std::pair(Buttons::YesNo, Icon::Question));
   ASSERT_EQ(dialogs.file_requests.size(), 1u);
   const FileDialogRequest& asked = dialogs.file_requests[0];
-  EXPECT_EQ(asked.filter + "|" + asked.title, "File Tellux (*.TX3)|*.TX3|Record TELLUX File");
-  EXPECT_TRUE(asked.overwrite_prompt);
+  EXPECT_EQ(asked.filter + "|" + asked.title + "|" + std::to_string(asked.overwrite_prompt),
+            "File Tellux (*.TX3)|*.TX3|Record TELLUX File|1");
   EXPECT_EQ(std::tuple(p, s.FileDir, s.FileName),
             std::tuple(path("renamed.TX3"), (dir_ / "").string(), "renamed.TX3"));
   EXPECT_TRUE(std::filesystem::exists(p) && !std::filesystem::exists(path("renamed.dat")));

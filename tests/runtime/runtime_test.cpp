@@ -54,17 +54,15 @@ TEST(Arithmetic, FailingOperationsRaiseTheLanguagesErrors) {
     EXPECT_EQ(error_of(cases[i].first), cases[i].second) << i;
 }
 
-TEST(Arithmetic, CellsKeepTheirKindAndCountAsZeroWhenEmpty) {
-  EXPECT_TRUE(Cell().empty());
-  EXPECT_EQ(Cell().num(), 0.0);
-  EXPECT_EQ(Cell(0.1f).kind(), Kind::Single);
+// Cells keep their kind and count as zero when empty; tables check every index; a statement that
+// fails is skipped and the next runs.
+TEST(Arithmetic, CellsTablesAndSkippedStatements) {
+  EXPECT_EQ(std::tuple(Cell().empty(), Cell().num(), Cell(0.1f).kind()),
+            std::tuple(true, 0.0, Kind::Single));
   // A single multiplies in single precision, a double in double.
   EXPECT_EQ(Cell(0.1f).times(3.0), static_cast<double>(0.1f * 3.0f));
   EXPECT_EQ(Cell(0.1).times(3.0), 0.1 * 3.0);
   EXPECT_EQ(Cell(int16_t{7}).times(10.0), 70.0);
-}
-
-TEST(Arithmetic, TablesCheckEveryIndexAndSkippedStatementsLetTheNextRun) {
   Table<Cell, 52, 8> t;
   t(51, 7) = 1.0;
   EXPECT_EQ(t(51, 7).num(), 1.0);
