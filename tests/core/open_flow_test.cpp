@@ -46,8 +46,7 @@ TEST(ReadTx3, CancelChangesNothingButThePointerThenTheChoiceIsOpened) {
   EXPECT_EQ(o.forms.log, (std::vector<std::string>{"pointer bilog 11", "pointer bilog 2"}));
   EXPECT_EQ(std::tuple(o.s.FieldCount, o.s.FileName, o.s.ModelEverComputed, o.s.RecentFiles[1]),
             std::tuple(9, "old.TX3", true, ""));
-  EXPECT_FALSE(NFile(o.session));
-  EXPECT_FALSE(o.s.ModelEverComputed || o.s.SetupRedrawMark);
+  EXPECT_FALSE(NFile(o.session) || o.s.ModelEverComputed || o.s.SetupRedrawMark);
   const std::string path = open_data("sample.TX3");
   o.dialogs.open_choices.push_back({path});
   EXPECT_TRUE(Read_TX3(o.session));
@@ -171,12 +170,9 @@ TEST(SevFile, RowsWithALayerLeaveTheReadingsEmptyAndTheOthersZero) {
   o.s.DataOrigin = o.s.LocationX = "PASI";
   std::string path = open_data("sample.SEV");
   read_sev_file(o.session, path);
-  for (int c = 3; c <= 6; ++c) {
-    EXPECT_TRUE(o.s.FieldTable(3, c).empty());
-    EXPECT_FALSE(o.s.FieldTable(4, c).empty());
-  }
-  EXPECT_EQ(o.s.DataOrigin + o.s.LocationX, "");
-  EXPECT_EQ(o.s.MaxAbHalf, 1);
+  for (int c = 3; c <= 6; ++c)
+    EXPECT_TRUE(o.s.FieldTable(3, c).empty() && !o.s.FieldTable(4, c).empty()) << c;
+  EXPECT_EQ(std::tuple(o.s.DataOrigin + o.s.LocationX, o.s.MaxAbHalf), std::tuple("", 1));
   const std::pair<char, const char*> cases[] = {{'F', "Sélectionnez d'abord un fichier "},
                                                 {'S', "Primero, seleccione un fichero "},
                                                 {'A', "First select a File "}};

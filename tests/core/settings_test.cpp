@@ -141,8 +141,8 @@ TEST_F(SettingsFile, SavingKeepsKeysItDoesNotOwnAndThePaletteIsWrittenApart) {
   load("; written by hand\n[PALETTE_A]\nAmplitude1=1\n[Other]\nkey=value\n");
   st.Amplitude[1] = 99;
   ASSERT_TRUE(save_settings(s, st, ini));
-  EXPECT_TRUE(has("; written by hand") && has("[Other]\nkey=value") && has("Amplitude1=1\n"));
-  EXPECT_FALSE(has("[Tellux]"));
+  EXPECT_TRUE(has("; written by hand") && has("[Other]\nkey=value") && has("Amplitude1=1\n") &&
+              !has("[Tellux]"));
   ASSERT_TRUE(save_palette(st, ini));
   load_settings(back, back_st, ini);
   EXPECT_EQ(std::tuple(back_st.Amplitude[1], back_st.Amplitude[2]), std::tuple(99, 71646));

@@ -121,9 +121,9 @@ TEST_F(WriteTest, AsksFirstAndOffersTheDialogOnNoWithItsNameRules) {
   dialogs.answers = {Answer::No};
   dialogs.save_choices = {path("renamed.dat")};
   ASSERT_TRUE(write_sounding_file(session, p));
-  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Recording File " + path("old.TX3")});
-  EXPECT_EQ(std::pair(dialogs.messages[0].buttons, dialogs.messages[0].icon),
-            std::pair(Buttons::YesNo, Icon::Question));
+  EXPECT_EQ(std::tuple(dialogs.texts(), dialogs.messages[0].buttons, dialogs.messages[0].icon),
+            std::tuple(std::vector<std::string>{"Recording File " + path("old.TX3")},
+                       Buttons::YesNo, Icon::Question));
   ASSERT_EQ(dialogs.file_requests.size(), 1u);
   const FileDialogRequest& asked = dialogs.file_requests[0];
   EXPECT_EQ(asked.filter + "|" + asked.title + "|" + std::to_string(asked.overwrite_prompt),
@@ -146,8 +146,7 @@ TEST_F(WriteTest, AsksFirstAndOffersTheDialogOnNoWithItsNameRules) {
   s.WorkMode = mode::kNormal;
   p = path("never.TX3");
   EXPECT_FALSE(write_sounding_file(session, p));
-  EXPECT_EQ(s.WorkMode, "");
-  EXPECT_FALSE(std::filesystem::exists(p));
+  EXPECT_EQ(std::tuple(s.WorkMode, std::filesystem::exists(p)), std::tuple("", false));
 }
 
 TEST_F(WriteTest, AFailedWriteStartsAgainOrInBatchWorkStopsAndKeepsTheOldFile) {
