@@ -92,14 +92,13 @@ TEST(BatchCommand, LeavesSettingsAloneAndPrintsUtf8) {
 }
 
 TEST(DesktopProgram, AnswersWithoutADisplay) {
-  const std::string gui = TELLUX_GUI;
-  const std::string no_display = "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM ";
-  EXPECT_EQ(run(no_display + gui + " --version").out, "Tellux 6.4\n");
-  EXPECT_NE(run(no_display + gui + " --help").out.find("tellux-cli"), std::string::npos);
-  const Outcome bare = run(no_display + gui);
-  EXPECT_EQ(std::tuple(bare.status, bare.err.find("no display") != std::string::npos),
-            std::tuple(1, true));
-  EXPECT_EQ(std::count(bare.err.begin(), bare.err.end(), '\n'), 1);
+  const std::string gui = "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM " TELLUX_GUI;
+  EXPECT_EQ(run(gui + " --version").out, "Tellux 6.4\n");
+  EXPECT_NE(run(gui + " --help").out.find("tellux-cli"), std::string::npos);
+  const Outcome bare = run(gui);
+  EXPECT_EQ(std::tuple(bare.status, bare.err.find("no display") != std::string::npos,
+                       std::count(bare.err.begin(), bare.err.end(), '\n')),
+            std::tuple(1, true, 1));
 }
 
 }  // namespace

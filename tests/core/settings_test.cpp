@@ -48,8 +48,7 @@ class SettingsFile : public testing::SessionTest {
 // 0.1 rounds to 0; the second read of the bottom margin gives the default that wins.
 TEST_F(SettingsFile, WithoutAFileEveryDefaultHolds) {
   axes(s) = std::tuple(2, 3, 2, 3, 2, 3, 2, 3);
-  s.Language = language_from_letter("F");
-  s.SpreadTag = "2";
+  std::tie(s.Language, s.SpreadTag) = std::tuple(language_from_letter("F"), "2");
   std::tie(st.LargePlot, st.BottomMargin) = std::tuple(5, 5);
   load_settings(s, st, path("missing.ini"));
   EXPECT_EQ(axes(s), std::tuple(-1, 0, 4, 10000, 0, 1, 4, 10000));
@@ -73,8 +72,7 @@ TEST_F(SettingsFile, WhatIsSavedWithTheConfigurationKeptLoadsBackTheSame) {
   EXPECT_EQ(std::tuple(letter_from_flags(back.Language), back.Spread, back_st.GraphicalProg),
             std::tuple("S", SpreadType::Dipole, " "));
   // The writer spells the key with a capital, the reader finds it all the same.
-  EXPECT_TRUE(has("Modèle=-1"));
-  EXPECT_EQ(back.ShowModelSteps, -1);
+  EXPECT_TRUE(has("Modèle=-1") && back.ShowModelSteps == -1);
 }
 
 // Recent files are kept all the same (and with the configuration kept, by the round trip above).
@@ -105,8 +103,8 @@ TEST_F(SettingsFile, KeysFoldTheirCaseAndEachLineKeepsItsOwnEncodingAndBytes) {
             std::tuple(0, 1, "A"));
   EXPECT_EQ(s.RecentFiles[1] + "|" + s.RecentFiles[2], "C:\\Données\\a.TX3|/home/é/b.TX3");
   save_and_reload();
-  EXPECT_TRUE(has(old_line + "\r\n" + utf8_line + "\r\n"));
-  EXPECT_EQ(back.RecentFiles[1], "C:\\Données\\a.TX3");
+  EXPECT_TRUE(has(old_line + "\r\n" + utf8_line + "\r\n") &&
+              back.RecentFiles[1] == "C:\\Données\\a.TX3");
 }
 
 // Axis ends below two become four, exponents give rounded powers (0.01 rounds to 0), the
