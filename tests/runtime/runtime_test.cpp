@@ -115,13 +115,14 @@ TEST(NumberText, FileTokensMustBeWholeNumbersAndSinglesSurviveTheRoundTrip) {
 }
 
 // Items end at commas and line ends of either kind; blanks around an item and before a line end
-// are skipped, an empty item is zero; reading past the end or letters raise.
+// are skipped, anything after a closing quote is dropped, an empty item is zero; reading past the
+// end or letters raise.
 TEST(TokenReader, ItemsEndAtCommasAndLineEndsAndBlanksAreSkipped) {
-  TokenReader in(" 12.5 \r\n10,.5 , ,-3  \r\n\"a, b\" \r\n plain text \t\n7\n \"x\"\n,\r\n \t\r\n");
+  TokenReader in(" 12.5 \r\n10,.5 , ,-3  \r\n\"a, b\" \r\n pl ain \t\n7\n \"x\"junk\n,\r\n \t\r\n");
   EXPECT_EQ(in.single(), 12.5f);
   for (double v : {10.0, 0.5, 0.0, -3.0}) EXPECT_EQ(in.number(), v);
   EXPECT_EQ(in.text(), "a, b");
-  EXPECT_EQ(in.text(), "plain text");
+  EXPECT_EQ(in.text(), "pl ain");
   EXPECT_EQ(in.number(), 7.0);
   EXPECT_EQ(in.text(), "x");
   EXPECT_EQ(in.number(), 0.0);
