@@ -1,11 +1,12 @@
 // The settings file: defaults, the round trip, the keeping of the configuration, and the quirks
-// of the reader.
+// of the reader; the sectioned text file under it, and the letter of "Langue" with its four flags.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <fstream>
 #include <optional>
 
+#include "core/ini_file.h"
 #include "core/language.h"
 #include "core/runtime/token_file.h"
 #include "core/settings.h"
@@ -47,15 +48,13 @@ class SettingsFile : public testing::SessionTest {
 // 0.1 rounds to 0; the second read of the bottom margin gives the default that wins.
 TEST_F(SettingsFile, WithoutAFileEveryDefaultHolds) {
   axes(s) = std::tuple(2, 3, 2, 3, 2, 3, 2, 3);
-  s.Language = language_from_letter("F");
-  s.SpreadTag = "2";
+  std::tie(s.Language, s.SpreadTag) = std::tuple(language_from_letter("F"), "2");
   std::tie(st.LargePlot, st.BottomMargin) = std::tuple(5, 5);
   load_settings(s, st, path("missing.ini"));
   EXPECT_EQ(axes(s), std::tuple(-1, 0, 4, 10000, 0, 1, 4, 10000));
-  EXPECT_EQ(letter_from_flags(s.Language, "?"), "E");
-  EXPECT_EQ(s.SpreadTag, "0");
-  EXPECT_EQ(std::tuple(st.BottomMargin, st.LargePlot, st.garder_config),
-            std::tuple(1245, 2000, false));
+  EXPECT_EQ(std::tuple(letter_from_flags(s.Language, "?"), s.SpreadTag, st.BottomMargin,
+                       st.LargePlot, st.garder_config),
+            std::tuple("E", "0", 1245, 2000, false));
 }
 
 TEST_F(SettingsFile, WhatIsSavedWithTheConfigurationKeptLoadsBackTheSame) {
@@ -73,8 +72,7 @@ TEST_F(SettingsFile, WhatIsSavedWithTheConfigurationKeptLoadsBackTheSame) {
   EXPECT_EQ(std::tuple(letter_from_flags(back.Language), back.Spread, back_st.GraphicalProg),
             std::tuple("S", SpreadType::Dipole, " "));
   // The writer spells the key with a capital, the reader finds it all the same.
-  EXPECT_TRUE(has("Modèle=-1"));
-  EXPECT_EQ(back.ShowModelSteps, -1);
+  EXPECT_TRUE(has("Modèle=-1") && back.ShowModelSteps == -1);
 }
 
 // Recent files are kept all the same (and with the configuration kept, by the round trip above).
@@ -105,8 +103,8 @@ TEST_F(SettingsFile, KeysFoldTheirCaseAndEachLineKeepsItsOwnEncodingAndBytes) {
             std::tuple(0, 1, "A"));
   EXPECT_EQ(s.RecentFiles[1] + "|" + s.RecentFiles[2], "C:\\Données\\a.TX3|/home/é/b.TX3");
   save_and_reload();
-  EXPECT_TRUE(has(old_line + "\r\n" + utf8_line + "\r\n"));
-  EXPECT_EQ(back.RecentFiles[1], "C:\\Données\\a.TX3");
+  EXPECT_TRUE(has(old_line + "\r\n" + utf8_line + "\r\n") &&
+              back.RecentFiles[1] == "C:\\Données\\a.TX3");
 }
 
 // Axis ends below two become four, exponents give rounded powers (0.01 rounds to 0), the
@@ -141,8 +139,8 @@ TEST_F(SettingsFile, SavingKeepsKeysItDoesNotOwnAndThePaletteIsWrittenApart) {
   load("; written by hand\n[PALETTE_A]\nAmplitude1=1\n[Other]\nkey=value\n");
   st.Amplitude[1] = 99;
   ASSERT_TRUE(save_settings(s, st, ini));
-  EXPECT_TRUE(has("; written by hand") && has("[Other]\nkey=value") && has("Amplitude1=1\n"));
-  EXPECT_FALSE(has("[Tellux]"));
+  EXPECT_TRUE(has("; written by hand") && has("[Other]\nkey=value") && has("Amplitude1=1\n") &&
+              !has("[Tellux]"));
   ASSERT_TRUE(save_palette(st, ini));
   load_settings(back, back_st, ini);
   EXPECT_EQ(std::tuple(back_st.Amplitude[1], back_st.Amplitude[2]), std::tuple(99, 71646));
@@ -163,6 +161,55 @@ TEST(SettingsPath, ComesFromTelluxIniOrTheConfigurationFolder) {
   setenv("HOME", "/home/geo", 1);
   EXPECT_EQ(settings_file_path(), "/home/geo/.config/Tellux/Tellux6.ini");
   for (int i = 0; i < 3; ++i) old[i] ? setenv(names[i], old[i]->c_str(), 1) : unsetenv(names[i]);
+}
+
+// Names fold ASCII and the Latin-1 capitals À..Þ (not ×) to lower case; blanks and tabs around
+// names and values and the CR of a line end are trimmed, and quotes keep a value's blanks.
+TEST(IniFile, NamesAreComparedWithoutRegardToCaseAndBlanksAreTrimmed) {
+  const IniFile ini = IniFile::parse(
+      " [ Tellux ]\t\r\nModèle = 0 \r\n\tÉtat\t=\t'x'\t\r\nempty=\r\n[FILE]\r\nFile 1=a\r\n");
+  EXPECT_EQ(ini.get("tellux", "MODÈLE"), "0");
+  EXPECT_EQ(ini.get("TELLUX", "état"), "x");
+  EXPECT_EQ(ini.get("File", "file 1"), "a");
+  EXPECT_FALSE(ini.get("Tellux", "File 1") || ini.get("Nowhere", "x"));
+  EXPECT_EQ(ini.read("Tellux", "empty", "d") + "|" + ini.read("Tellux", "missing", "d"), "|d");
+  const std::pair<const char*, const char*> same[] = {
+      {"couleur_du_modèle", "COULEUR_DU_MODÈLE"}, {"À-Þ", "à-þ"}, {"AZ", "az"}};
+  const std::pair<const char*, const char*> differ[] = {
+      {"@", "`"}, {"[", "{"}, {"modele", "modèle"}, {"×", "÷"}, {"ab", "abc"}, {"abc", "ab"}};
+  for (auto [a, b] : same) EXPECT_TRUE(same_name(a, b)) << a;
+  for (auto [a, b] : differ) EXPECT_FALSE(same_name(a, b)) << a << " " << b;
+}
+
+TEST(IniFile, SetReplacesInPlaceAddsNewSectionsAfterABlankLineAndQuotesBlankEnds) {
+  IniFile ini = IniFile::parse("; comment\n[A]\nx=1\n\n[B]\ny=2\n");
+  ini.set("a", "X", "3");
+  ini.set("A", "z", "4");
+  ini.set("C", "w", " ");
+  ini.set("C", "n", "\"quoted\"");
+  EXPECT_EQ(ini.text(), "; comment\n[A]\nX=3\nz=4\n\n[B]\ny=2\n\n[C]\nw=\" \"\nn=\"\"quoted\"\"\n");
+  const IniFile back = IniFile::parse(ini.text());
+  EXPECT_EQ(*back.get("C", "w") + "|" + *back.get("C", "n"), " |\"quoted\"");
+}
+
+// Each letter sets its one flag, compared exactly: anything else speaks English. Messages test
+// French, then Spanish, else English; the letter of the flags tests English, French, Spanish and
+// German, each overriding the one before.
+TEST(Language, LettersFlagsAndMessages) {
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"E", "E", "en"}, {"F", "F", "fr"}, {"S", "S", "es"},
+      {"A", "A", "en"}, {"f", "E", "en"}, {"", "E", "en"}};
+  for (auto [letter, back, says] : cases) {
+    const LanguageFlags f = language_from_letter(letter);
+    EXPECT_EQ(f.English + f.French + f.Spanish + f.German, 1) << letter;
+    EXPECT_EQ(letter_from_flags(f), back) << letter;
+    EXPECT_STREQ(pick(f, "fr", "es", "en"), says) << letter;
+  }
+  LanguageFlags several{true, true, true, false};
+  EXPECT_EQ(letter_from_flags(several), "S");
+  several.German = true;
+  EXPECT_EQ(letter_from_flags(several), "A");
+  EXPECT_EQ(letter_from_flags(LanguageFlags{false, false, false, false}, "F"), "F");
 }
 
 }  // namespace

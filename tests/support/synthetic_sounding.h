@@ -4,6 +4,7 @@
 // misfit uses, optionally with a small deterministic noise. Values are stored in single precision,
 // as a sounding file would give them.
 #include <cmath>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -44,25 +45,20 @@ inline void make_sounding(Session& session, const std::vector<Layer>& layers,
   SoundingState& s = session.s;
   s.FieldTable.erase();
   s.FieldCount = static_cast<int16_t>(spacings.size());
-  for (size_t n = 0; n < spacings.size(); ++n) {
-    s.FieldTable(static_cast<int>(n + 1), 1) = static_cast<float>(spacings[n]);
-    s.FieldTable(static_cast<int>(n + 1), 2) = 1.0f;
-  }
-  s.MaxAbHalf = 1;
-  s.SuperposeCurve = -1;
-  s.FitMisfit = int16_t{0};
+  for (int r = 1; r <= s.FieldCount; ++r)
+    std::tie(s.FieldTable(r, 1), s.FieldTable(r, 2)) = std::tuple(float(spacings[r - 1]), 1.0f);
+  std::tie(s.MaxAbHalf, s.SuperposeCurve, s.FitMisfit) = std::tuple(1, -1, int16_t{0});
   set_model(s, layers);
   ForwardCurve(session);
   int k = 0;
-  for (size_t n = 0; n < spacings.size(); ++n) {
-    const double a = spacings[n];
+  for (int r = 1; r <= s.FieldCount; ++r) {
+    const double a = spacings[r - 1];
     while (s.ModelCurve(k + 1, 2).num() <= a) ++k;
     const double a0 = s.ModelCurve(k, 2).num(), a1 = s.ModelCurve(k + 1, 2).num();
     const double r0 = s.ModelCurve(k, 1).num(), r1 = s.ModelCurve(k + 1, 1).num();
-    const double rho = r0 + (r1 - r0) * (a - a0) / (a1 - a0);
-    const double ripple = 1.0 + noise * std::sin(7.0 * static_cast<double>(n + 1));
-    s.FieldTable(static_cast<int>(n + 1), 2) = static_cast<float>(rho * ripple);
-    s.FieldTable(static_cast<int>(n + 1), 7) = s.FieldTable(static_cast<int>(n + 1), 2);
+    const double ripple = 1.0 + noise * std::sin(7.0 * r);
+    s.FieldTable(r, 2) = s.FieldTable(r, 7) =
+        float((r0 + (r1 - r0) * (a - a0) / (a1 - a0)) * ripple);
   }
 }
 
