@@ -41,6 +41,7 @@ const Golden kGolden[] = {
     {"forward_dipole.json", "forward " + S + "dipole_two.TX3 --array dipole"},
     {"forward_wenner.json", "forward " + S + "wenner_three.TX3 --array wenner --decade-start 0"},
     {"compute_three_layers.json", "compute " + S + "three_layers.TX3"},
+    {"compute_dipole_half.json", "compute " + S + "dipole_two.TX3 --array dipole --half-array 2"},
     {"compute_half_shifted.json",
      "compute " + S + "bilog_three_layers.TX3 --shift 1 --half-array 2"},
     {"compute_marine.json", "compute " + S + "four_layers.TX3 --marine 0.3"},
