@@ -60,6 +60,11 @@ const Golden kGolden[] = {
     {"section_line1.ops", "section " + kLine +
                               "--hscale 5000 --landscape --angle 45 --title Line1 --show "
                               "colours,topo,labels,elevation,correlation,scale,names --ops OUT"},
+    {"section_odd_logs.ops", "section " + D +
+                                 "section/S1?.TX3 --hscale 2000 --vscale 500 "
+                                 "--landscape --angle -12.5 --show labels,names --ops OUT"},
+    {"section_filled.ops",
+     "section " + D + "section/S1?.TX3 --hscale 2000 --vscale 500 --show fill,numbers --ops OUT"},
     {"diagram_bilog.ops", "plot " + S + "bilog_three_layers.TX3 --steps --errors --ops OUT"},
     {"diagram_dipole.ops", "plot " + S + "dipole_two.TX3 --array dipole --errors --ops OUT"},
     {"slice_res_altitude.DAT", "extract " + kLine + "--by res-altitude --altitude 95 --out OUT"},
