@@ -1,5 +1,7 @@
 // The model grid: typing, fixing values, inserting and deleting layers, and what the grid shows
 // of a model and makes of what was typed.
+#include <tuple>
+
 #include "model/layer_depths.h"
 #include "model_window_fixture.h"
 
@@ -76,42 +78,61 @@ TEST_F(ModelKeysTest, ADoubleClickFixesAValueAndASecondFreesIt) {
   EXPECT_EQ(window.Grid1.back_colour(2, 0), 65535);
 }
 
-TEST_F(ModelKeysTest, InsertingALayerPushesTheOthersOneMetreDown) {
-  Z.Text = "100";
-  window.ReadModelGrid();
-  s.LayerLocks[2] = 3;
-  window.RefreshModelGrid();
-  window.Grid1_Click(2, 1);
-  window.InsLine_Click();
-  EXPECT_EQ(cell(2, 0), "100  ");
-  EXPECT_EQ(cell(2, 1), "1  ");
-  EXPECT_EQ(cell(2, 2), "5  ");  // the new layer starts where the old one did
-  EXPECT_EQ(cell(3, 0), "20  ");
-  EXPECT_EQ(cell(3, 3), "94  ");
-  EXPECT_EQ(cell(4, 2), "16  ");
-  EXPECT_EQ(s.LayerLocks[2], 0);
-  EXPECT_EQ(s.LayerLocks[3], 3);
-  EXPECT_EQ(window.Grid1.back_colour(3, 0), 65535);
-  window.ReadModelGrid();
-  EXPECT_EQ(s.LayerCount, 4);
-  EXPECT_EQ(depth(4), 16);
+// Insert and Delete on the three-layer grid at an elevation of 100, a lock on the half space: the
+// cells expected after them, where the lock went, and the layers then read.
+TEST_F(ModelKeysTest, InsertAndDeleteShiftTheRowsTheirDepthsAndTheirLocks) {
+  const struct {
+    int row;
+    bool insert;
+    std::vector<std::tuple<int, int, const char*>> cells;
+    int lock_row;
+    int16_t layers;
+  } cases[] = {
+      // The new layer, 1 m thick, starts where the old one did and pushes the others down.
+      {2,
+       true,
+       {{2, 0, "100  "},
+        {2, 1, "1  "},
+        {2, 2, "5  "},
+        {3, 0, "20  "},
+        {3, 3, "94  "},
+        {4, 2, "16  "}},
+       4,
+       4},
+      {1, true, {{1, 2, ""}, {2, 0, "100  "}, {2, 2, "1  "}, {3, 2, "6  "}}, 4, 4},
+      // The altitude rises by the thickness taken out.
+      {2, false, {{2, 0, "500  "}, {2, 1, ""}, {2, 2, "5  "}, {2, 3, "95  "}, {3, 0, ""}}, 2, 2},
+      {1, false, {{1, 0, "20  "}, {1, 2, ""}, {2, 2, "10  "}}, 2, 2},
+      // The last layer: the one above becomes the half space.
+      {3, false, {{3, 0, ""}, {3, 2, ""}, {2, 1, ""}}, 0, 2},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::to_string(c.row) + (c.insert ? " insert" : " delete"));
+    grid_rows({{"100  ", "5  "}, {"20  ", "10  "}, {"500  ", ""}});
+    Z.Text = "100";
+    window.ReadModelGrid();
+    s.LayerLocks.erase();
+    s.LayerLocks[3] = 1;
+    window.RefreshModelGrid();
+    window.Grid1_Click(c.row, 0);
+    c.insert ? window.InsLine_Click() : window.delLine_Click();
+    for (auto [r, col, text] : c.cells) EXPECT_EQ(cell(r, col), text) << r << "," << col;
+    for (int r = 1; r <= 4; ++r) EXPECT_EQ(s.LayerLocks[r], r == c.lock_row ? 1 : 0) << r;
+    EXPECT_EQ(window.Grid1.back_colour(std::max(c.lock_row, 1), 0), c.lock_row ? 65535 : 0xFFFFFF);
+    window.ReadModelGrid();
+    EXPECT_EQ(s.LayerCount, c.layers);
+  }
 }
 
-TEST_F(ModelKeysTest, InsertingOnTheFirstRowKeepsItsDepthBlank) {
-  window.Grid1_Click(1, 0);
-  window.InsLine_Click();
-  EXPECT_EQ(cell(1, 2), "");
-  EXPECT_EQ(cell(2, 0), "100  ");
-  EXPECT_EQ(cell(2, 2), "1  ");
-  EXPECT_EQ(cell(3, 2), "6  ");
-}
-
-// Below the model, or with twenty layers, Insert beeps and changes nothing.
+// Below the model, or with twenty layers, Insert beeps and changes nothing; Delete on an empty
+// row changes nothing.
 TEST_F(ModelKeysTest, InsertingBelowTheModelOrWithTwentyLayersBeeps) {
   std::vector<std::string> before = all_cells();
   window.Grid1_Click(6, 0);
   window.InsLine_Click();
   EXPECT_EQ(wforms.beeps, 1);
+  window.Grid1_Click(7, 0);
+  window.delLine_Click();
   EXPECT_EQ(all_cells(), before);
   for (int r = 1; r <= 20; ++r) {
     window.Grid1.set_text(r, 0, "10  ");
@@ -129,51 +150,10 @@ TEST_F(ModelKeysTest, InsertingBelowTheModelOrWithTwentyLayersBeeps) {
   EXPECT_EQ(cell(20, 0), "");
 }
 
-TEST_F(ModelKeysTest, DeletingALayerLiftsTheOnesBelow) {
-  Z.Text = "100";
-  window.ReadModelGrid();
-  s.LayerLocks[3] = 1;
-  window.RefreshModelGrid();
-  window.Grid1_Click(2, 0);
-  window.delLine_Click();
-  EXPECT_EQ(cell(2, 0), "500  ");
-  EXPECT_EQ(cell(2, 1), "");
-  EXPECT_EQ(cell(2, 2), "5  ");
-  EXPECT_EQ(cell(2, 3), "95  ");  // its altitude rises by the thickness taken out
-  EXPECT_EQ(cell(3, 0), "");
-  EXPECT_EQ(s.LayerLocks[2], 1);
-  EXPECT_EQ(window.Grid1.back_colour(2, 0), 65535);
-}
-
-TEST_F(ModelKeysTest, DeletingTheFirstTheLastOrAnEmptyRow) {
-  const std::vector<std::string> before = all_cells();
-  window.Grid1_Click(7, 0);  // an empty row: nothing changes
-  window.delLine_Click();
-  EXPECT_EQ(all_cells(), before);
-
-  window.Grid1_Click(1, 0);  // the first layer: the new first has no depth
-  window.delLine_Click();
-  EXPECT_EQ(cell(1, 0), "20  ");
-  EXPECT_EQ(cell(1, 2), "");
-  EXPECT_EQ(cell(2, 2), "10  ");
-
-  grid_rows({{"100  ", "5  "}, {"20  ", "10  "}, {"500  ", ""}});
-  window.ReadModelGrid();
-  window.Grid1_Click(3, 0);  // the last layer: the one above becomes the half space
-  window.delLine_Click();
-  EXPECT_EQ(cell(3, 0), "");
-  EXPECT_EQ(cell(3, 2), "");
-  EXPECT_EQ(cell(2, 1), "");
-  window.ReadModelGrid();
-  EXPECT_EQ(s.LayerCount, 2);
-}
-
 // The model grid against the record: what the grid shows of a model, and what a typed grid makes
 // of the model.
 
 TEST_F(ModelKeysTest, AResistivityWithoutThicknessOnTheLastRowIsTheHalfSpace) {
-  grid_rows({{"100  ", "5  "}, {"20  ", "10  "}, {"500  ", ""}});
-  window.ReadModelGrid();
   EXPECT_EQ(s.LayerCount, 3);
   EXPECT_EQ(depth(1), 0);
   EXPECT_EQ(depth(2), 5);
