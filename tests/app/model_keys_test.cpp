@@ -150,51 +150,65 @@ TEST_F(ModelKeysTest, InsertingBelowTheModelOrWithTwentyLayersBeeps) {
   EXPECT_EQ(cell(20, 0), "");
 }
 
-// The model grid against the record: what the grid shows of a model, and what a typed grid makes
-// of the model.
+// A typed grid read into the record and shown again: the cells then shown.
+TEST_F(ModelKeysTest, TheGridShowsWhatItReadOfTheTypedModel) {
+  using Rows = std::vector<std::pair<const char*, const char*>>;
+  const struct {
+    Rows rows;
+    const char* z;
+    int16_t decimals, layers;
+    std::vector<std::tuple<int, int, const char*>> cells;
+  } cases[] = {
+      // The last resistivity without a thickness is the half space; the grid shows the depths of
+      // the tops, none for the surface, and no altitude without an elevation.
+      {{{"100  ", "5  "}, {"20  ", "10  "}, {"500  ", ""}},
+       "",
+       0,
+       3,
+       {{1, 2, ""}, {2, 2, "5  "}, {3, 2, "15  "}, {3, 1, ""}, {1, 3, ""}}},
+      // Rows below the half space are dropped.
+      {{{"100  ", "5  "}, {"20  ", ""}, {"500  ", "7  "}}, "", 0, 2, {{3, 0, ""}, {3, 1, ""}}},
+      // Rounded as read; a blank resistivity with a thickness gets the least value.
+      {{{"123.4  ", "1.234  "}, {"", "12.34  "}, {"0.25  ", ""}},
+       "",
+       0,
+       3,
+       {{1, 0, "123  "}, {1, 1, "1.2  "}, {2, 1, "12  "}, {2, 0, ".001  "}, {3, 0, ".25  "}}},
+      // Thicknesses take the decimals of the setup; resistivities are plain text.
+      {{{"100  ", "3  "}, {"20  ", "2.5  "}, {"500  ", ""}},
+       "",
+       2,
+       3,
+       {{1, 1, "3.00  "}, {2, 1, "2.50  "}, {3, 2, "5.50  "}, {1, 0, "100  "}}},
+      // The depth of 15.2 is shown whole (15), and the altitude is worked out from that.
+      {{{"100  ", "5.2  "}, {"20  ", "10  "}, {"500  ", ""}},
+       "250.4",
+       0,
+       3,
+       {{1, 3, "250.4  "}, {2, 3, "245.2  "}, {3, 2, "15  "}, {3, 3, "235.4  "}, {4, 3, ""}}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.rows[0].first + std::string(c.z));
+    s.ThicknessDecimals = c.decimals;
+    Z.Text = c.z;
+    grid_rows(c.rows);
+    window.ReadModelGrid();
+    EXPECT_EQ(s.LayerCount, c.layers);
+    EXPECT_EQ(s.LocationZ, c.z);
+    for (auto [r, col, text] : c.cells) EXPECT_EQ(cell(r, col), text) << r << "," << col;
+  }
 
-TEST_F(ModelKeysTest, AResistivityWithoutThicknessOnTheLastRowIsTheHalfSpace) {
-  EXPECT_EQ(s.LayerCount, 3);
-  EXPECT_EQ(depth(1), 0);
-  EXPECT_EQ(depth(2), 5);
-  EXPECT_EQ(depth(3), 15);
-  // The grid shows the depths of the tops, none for the surface, and no thickness for the last.
-  EXPECT_EQ(cell(1, 2), "");
-  EXPECT_EQ(cell(3, 2), "15  ");
-  EXPECT_EQ(cell(3, 1), "");
-
-  // Rows below the half space are dropped.
-  grid_rows({{"100  ", "5  "}, {"20  ", ""}, {"500  ", "7  "}});
+  Title.Text = "VES 3";  // the main form's boxes go to the record and back
   window.ReadModelGrid();
-  EXPECT_EQ(s.LayerCount, 2);
-  EXPECT_EQ(rho(3), 0);
-  EXPECT_EQ(cell(3, 0), "");
-  EXPECT_EQ(cell(3, 1), "");
+  EXPECT_EQ(s.GraphTitle, "VES 3");
+  s.GraphTitle = "VES 4";
+  window.RefreshModelGrid();
+  EXPECT_EQ(Title.Text, "VES 4");
 }
 
-// The grid rounds what it reads; a blank resistivity with a thickness gets the least value.
-TEST_F(ModelKeysTest, TheGridRoundsWhatItReadsAndABlankResistivityIsTheLeastValue) {
-  grid_rows({{"123.4  ", "1.234  "}, {"", "12.34  "}, {"0.25  ", ""}});
-  window.ReadModelGrid();
-  EXPECT_EQ(s.LayerCount, 3);
-  EXPECT_EQ(rho(1), 123);
-  EXPECT_EQ(h(1), 1.2);
-  EXPECT_EQ(h(2), 12);
-  EXPECT_EQ(rho(2), 0.001);
-  EXPECT_EQ(cell(2, 0), ".001  ");
-  EXPECT_EQ(cell(3, 0), ".25  ");
-}
-
-TEST_F(ModelKeysTest, ThicknessesTakeTheDecimalsOfTheSetup) {
-  s.ThicknessDecimals = 2;
-  grid_rows({{"100  ", "3  "}, {"20  ", "2.5  "}, {"500  ", ""}});
-  window.ReadModelGrid();
-  EXPECT_EQ(cell(1, 1), "3.00  ");
-  EXPECT_EQ(cell(2, 1), "2.50  ");
-  EXPECT_EQ(cell(3, 2), "5.50  ");
-  EXPECT_EQ(cell(1, 0), "100  ");  // resistivities are plain text
-
-  // Never cut, only completed.
+// Thicknesses are never cut, only completed.
+TEST(FormatThickness, CompletesTheDecimalsAndNeverCuts) {
+  SoundingState s;
   const struct {
     int16_t decimals;
     double value;
@@ -205,28 +219,6 @@ TEST_F(ModelKeysTest, ThicknessesTakeTheDecimalsOfTheSetup) {
     s.ThicknessDecimals = c.decimals;
     EXPECT_EQ(FormatThickness(s, c.value), c.text) << c.decimals << " " << c.value;
   }
-}
-
-TEST_F(ModelKeysTest, AltitudesFollowTheElevationOfTheSounding) {
-  Z.Text = "250.4";
-  grid_rows({{"100  ", "5.2  "}, {"20  ", "10  "}, {"500  ", ""}});
-  window.ReadModelGrid();
-  EXPECT_EQ(s.LocationZ, "250.4");
-  EXPECT_EQ(cell(1, 3), "250.4  ");
-  EXPECT_EQ(cell(2, 3), "245.2  ");
-  // The depth of 15.2 is shown whole (15), and the altitude is worked out from that.
-  EXPECT_EQ(cell(3, 2), "15  ");
-  EXPECT_EQ(cell(3, 3), "235.4  ");
-  EXPECT_EQ(cell(4, 3), "");
-
-  Z.Text = "";
-  Title.Text = "VES 3";  // the main form's boxes go to the record and back
-  window.ReadModelGrid();
-  EXPECT_EQ(cell(1, 3), "");
-  EXPECT_EQ(s.GraphTitle, "VES 3");
-  s.GraphTitle = "VES 4";
-  window.RefreshModelGrid();
-  EXPECT_EQ(Title.Text, "VES 4");
 }
 
 TEST_F(ModelKeysTest, TheOverlayModeOfTheDepthsStopsAtTheFirstLowLayer) {

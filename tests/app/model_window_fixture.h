@@ -62,7 +62,7 @@ class ModelWindowTest : public SessionTest {
   }
 
   // Grid rows from row 1: resistivity and thickness texts as the user would see them.
-  void grid_rows(std::initializer_list<std::pair<const char*, const char*>> rows) {
+  void grid_rows(const std::vector<std::pair<const char*, const char*>>& rows) {
     int r = 0;
     for (auto [rho, h] : rows) {
       ++r;
