@@ -60,8 +60,6 @@ TEST_F(ModelOverlayTest, TheStoreHoldsTwentyModels) {
   EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Maximum 20 soundings superposed"});
   EXPECT_EQ(dialogs.messages[0].icon, Icon::Exclamation);
   EXPECT_EQ(s.HistoryLast, 19);
-  window.Ajuste_Button_Click();  // the fit refuses in the same way
-  EXPECT_EQ(dialogs.messages.size(), 2u);
 }
 
 // A reading that stored the model holds the next slot; a one-layer model is not superposed.
