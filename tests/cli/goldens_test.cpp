@@ -46,6 +46,8 @@ const Golden kGolden[] = {
      "compute " + S + "bilog_three_layers.TX3 --shift 1 --half-array 2"},
     {"compute_marine.json", "compute " + S + "four_layers.TX3 --marine 0.3"},
     {"compute_wenner.json", "compute " + S + "wenner_three.TX3 --array wenner"},
+    {"compute_odd_rows.json", "compute " + D + "compute/odd_rows.TX3"},
+    {"compute_odd_dipole.json", "compute " + D + "compute/odd_rows.TX3 --array dipole"},
     {"automodel_nomodel.json", "automodel " + S + "three_layers_nomodel.TX3"},
     {"automodel_sensitive.json", "automodel " + S + "four_layers.TX3 --sensitivity 0.1"},
     {"fit_nomodel.json", "fit " + S + "three_layers_nomodel.TX3 --thickness-decimals 1"},
