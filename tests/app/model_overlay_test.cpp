@@ -1,5 +1,7 @@
 // The overlay of models: the store of computed models, its limit, and the walk through it; and a
 // whole session in the model window.
+#include <tuple>
+
 #include "core/open_flow.h"
 #include "model/overlay_store.h"
 #include "model_window_fixture.h"
@@ -137,13 +139,10 @@ TEST_F(ModelSessionTest, TypeSuperposeAndWalk) {
   window.menu_compute();
   ASSERT_TRUE(window.loaded());
   EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Value missing..."});
-  type(1, 0, "80");
-  type(1, 1, "5");
-  type(2, 0, "30");
-  type(2, 1, "8");
-  type(3, 0, "15");
-  type(3, 1, "12");
-  type(4, 0, "250");
+  const std::tuple<int, int, const char*> cells[] = {{1, 0, "80"}, {1, 1, "5"},  {2, 0, "30"},
+                                                     {2, 1, "8"},  {3, 0, "15"}, {3, 1, "12"},
+                                                     {4, 0, "250"}};
+  for (auto [row, col, typed] : cells) type(row, col, typed);
   window.Calcul_Button_Click();
   EXPECT_EQ(s.LayerCount, 4);
   EXPECT_EQ(depth(4), 25);
