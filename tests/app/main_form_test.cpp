@@ -238,7 +238,7 @@ class LeavingTest : public MainFormTest {
   int ended = 0;
 };
 
-TEST_F(LeavingTest, CancelKeepsEverythingAndTheProgramGoesOn) {
+TEST_F(LeavingTest, CancelGoesOnYesEndsAndNoSavesTheSoundingFirst) {
   Application& a = started_with_copy();
   a.s.DecadeStart = 0;  // chosen on the setup tab; the keep box stays unticked
   dialogs.answers = {Answer::Cancel};
@@ -250,10 +250,8 @@ TEST_F(LeavingTest, CancelKeepsEverythingAndTheProgramGoesOn) {
   EXPECT_EQ(dialogs.messages[0].text,
             "     You are leaving Tellux\r\n  (Have you saved your data ?)....  ");
   EXPECT_FALSE(std::filesystem::exists(copy));
-}
 
-// Yes ends with the settings written and no file; No saves the sounding, the writer asking first.
-TEST_F(LeavingTest, YesEndsAndNoSavesTheSoundingFirst) {
+  // Yes ends with the settings written and no file; No saves the sounding, the writer asking first.
   started_with_copy().main.E_M_Click();  // the scripted answer is Yes
   EXPECT_EQ(ended, 1);
   EXPECT_FALSE(std::filesystem::exists(copy));
