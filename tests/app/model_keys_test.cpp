@@ -1,5 +1,7 @@
 // The model grid: typing, fixing values, inserting and deleting layers, and what the grid shows
 // of a model and makes of what was typed.
+#include <tuple>
+
 #include "model/layer_depths.h"
 #include "model_window_fixture.h"
 
@@ -76,42 +78,61 @@ TEST_F(ModelKeysTest, ADoubleClickFixesAValueAndASecondFreesIt) {
   EXPECT_EQ(window.Grid1.back_colour(2, 0), 65535);
 }
 
-TEST_F(ModelKeysTest, InsertingALayerPushesTheOthersOneMetreDown) {
-  Z.Text = "100";
-  window.ReadModelGrid();
-  s.LayerLocks[2] = 3;
-  window.RefreshModelGrid();
-  window.Grid1_Click(2, 1);
-  window.InsLine_Click();
-  EXPECT_EQ(cell(2, 0), "100  ");
-  EXPECT_EQ(cell(2, 1), "1  ");
-  EXPECT_EQ(cell(2, 2), "5  ");  // the new layer starts where the old one did
-  EXPECT_EQ(cell(3, 0), "20  ");
-  EXPECT_EQ(cell(3, 3), "94  ");
-  EXPECT_EQ(cell(4, 2), "16  ");
-  EXPECT_EQ(s.LayerLocks[2], 0);
-  EXPECT_EQ(s.LayerLocks[3], 3);
-  EXPECT_EQ(window.Grid1.back_colour(3, 0), 65535);
-  window.ReadModelGrid();
-  EXPECT_EQ(s.LayerCount, 4);
-  EXPECT_EQ(depth(4), 16);
+// Insert and Delete on the three-layer grid at an elevation of 100, a lock on the half space: the
+// cells expected after them, where the lock went, and the layers then read.
+TEST_F(ModelKeysTest, InsertAndDeleteShiftTheRowsTheirDepthsAndTheirLocks) {
+  const struct {
+    int row;
+    bool insert;
+    std::vector<std::tuple<int, int, const char*>> cells;
+    int lock_row;
+    int16_t layers;
+  } cases[] = {
+      // The new layer, 1 m thick, starts where the old one did and pushes the others down.
+      {2,
+       true,
+       {{2, 0, "100  "},
+        {2, 1, "1  "},
+        {2, 2, "5  "},
+        {3, 0, "20  "},
+        {3, 3, "94  "},
+        {4, 2, "16  "}},
+       4,
+       4},
+      {1, true, {{1, 2, ""}, {2, 0, "100  "}, {2, 2, "1  "}, {3, 2, "6  "}}, 4, 4},
+      // The altitude rises by the thickness taken out.
+      {2, false, {{2, 0, "500  "}, {2, 1, ""}, {2, 2, "5  "}, {2, 3, "95  "}, {3, 0, ""}}, 2, 2},
+      {1, false, {{1, 0, "20  "}, {1, 2, ""}, {2, 2, "10  "}}, 2, 2},
+      // The last layer: the one above becomes the half space.
+      {3, false, {{3, 0, ""}, {3, 2, ""}, {2, 1, ""}}, 0, 2},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::to_string(c.row) + (c.insert ? " insert" : " delete"));
+    grid_rows({{"100  ", "5  "}, {"20  ", "10  "}, {"500  ", ""}});
+    Z.Text = "100";
+    window.ReadModelGrid();
+    s.LayerLocks.erase();
+    s.LayerLocks[3] = 1;
+    window.RefreshModelGrid();
+    window.Grid1_Click(c.row, 0);
+    c.insert ? window.InsLine_Click() : window.delLine_Click();
+    for (auto [r, col, text] : c.cells) EXPECT_EQ(cell(r, col), text) << r << "," << col;
+    for (int r = 1; r <= 4; ++r) EXPECT_EQ(s.LayerLocks[r], r == c.lock_row ? 1 : 0) << r;
+    EXPECT_EQ(window.Grid1.back_colour(std::max(c.lock_row, 1), 0), c.lock_row ? 65535 : 0xFFFFFF);
+    window.ReadModelGrid();
+    EXPECT_EQ(s.LayerCount, c.layers);
+  }
 }
 
-TEST_F(ModelKeysTest, InsertingOnTheFirstRowKeepsItsDepthBlank) {
-  window.Grid1_Click(1, 0);
-  window.InsLine_Click();
-  EXPECT_EQ(cell(1, 2), "");
-  EXPECT_EQ(cell(2, 0), "100  ");
-  EXPECT_EQ(cell(2, 2), "1  ");
-  EXPECT_EQ(cell(3, 2), "6  ");
-}
-
-// Below the model, or with twenty layers, Insert beeps and changes nothing.
+// Below the model, or with twenty layers, Insert beeps and changes nothing; Delete on an empty
+// row changes nothing.
 TEST_F(ModelKeysTest, InsertingBelowTheModelOrWithTwentyLayersBeeps) {
   std::vector<std::string> before = all_cells();
   window.Grid1_Click(6, 0);
   window.InsLine_Click();
   EXPECT_EQ(wforms.beeps, 1);
+  window.Grid1_Click(7, 0);
+  window.delLine_Click();
   EXPECT_EQ(all_cells(), before);
   for (int r = 1; r <= 20; ++r) {
     window.Grid1.set_text(r, 0, "10  ");
@@ -129,92 +150,65 @@ TEST_F(ModelKeysTest, InsertingBelowTheModelOrWithTwentyLayersBeeps) {
   EXPECT_EQ(cell(20, 0), "");
 }
 
-TEST_F(ModelKeysTest, DeletingALayerLiftsTheOnesBelow) {
-  Z.Text = "100";
+// A typed grid read into the record and shown again: the cells then shown.
+TEST_F(ModelKeysTest, TheGridShowsWhatItReadOfTheTypedModel) {
+  using Rows = std::vector<std::pair<const char*, const char*>>;
+  const struct {
+    Rows rows;
+    const char* z;
+    int16_t decimals, layers;
+    std::vector<std::tuple<int, int, const char*>> cells;
+  } cases[] = {
+      // The last resistivity without a thickness is the half space; the grid shows the depths of
+      // the tops, none for the surface, and no altitude without an elevation.
+      {{{"100  ", "5  "}, {"20  ", "10  "}, {"500  ", ""}},
+       "",
+       0,
+       3,
+       {{1, 2, ""}, {2, 2, "5  "}, {3, 2, "15  "}, {3, 1, ""}, {1, 3, ""}}},
+      // Rows below the half space are dropped.
+      {{{"100  ", "5  "}, {"20  ", ""}, {"500  ", "7  "}}, "", 0, 2, {{3, 0, ""}, {3, 1, ""}}},
+      // Rounded as read; a blank resistivity with a thickness gets the least value.
+      {{{"123.4  ", "1.234  "}, {"", "12.34  "}, {"0.25  ", ""}},
+       "",
+       0,
+       3,
+       {{1, 0, "123  "}, {1, 1, "1.2  "}, {2, 1, "12  "}, {2, 0, ".001  "}, {3, 0, ".25  "}}},
+      // Thicknesses take the decimals of the setup; resistivities are plain text.
+      {{{"100  ", "3  "}, {"20  ", "2.5  "}, {"500  ", ""}},
+       "",
+       2,
+       3,
+       {{1, 1, "3.00  "}, {2, 1, "2.50  "}, {3, 2, "5.50  "}, {1, 0, "100  "}}},
+      // The depth of 15.2 is shown whole (15), and the altitude is worked out from that.
+      {{{"100  ", "5.2  "}, {"20  ", "10  "}, {"500  ", ""}},
+       "250.4",
+       0,
+       3,
+       {{1, 3, "250.4  "}, {2, 3, "245.2  "}, {3, 2, "15  "}, {3, 3, "235.4  "}, {4, 3, ""}}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.rows[0].first + std::string(c.z));
+    s.ThicknessDecimals = c.decimals;
+    Z.Text = c.z;
+    grid_rows(c.rows);
+    window.ReadModelGrid();
+    EXPECT_EQ(s.LayerCount, c.layers);
+    EXPECT_EQ(s.LocationZ, c.z);
+    for (auto [r, col, text] : c.cells) EXPECT_EQ(cell(r, col), text) << r << "," << col;
+  }
+
+  Title.Text = "VES 3";  // the main form's boxes go to the record and back
   window.ReadModelGrid();
-  s.LayerLocks[3] = 1;
+  EXPECT_EQ(s.GraphTitle, "VES 3");
+  s.GraphTitle = "VES 4";
   window.RefreshModelGrid();
-  window.Grid1_Click(2, 0);
-  window.delLine_Click();
-  EXPECT_EQ(cell(2, 0), "500  ");
-  EXPECT_EQ(cell(2, 1), "");
-  EXPECT_EQ(cell(2, 2), "5  ");
-  EXPECT_EQ(cell(2, 3), "95  ");  // its altitude rises by the thickness taken out
-  EXPECT_EQ(cell(3, 0), "");
-  EXPECT_EQ(s.LayerLocks[2], 1);
-  EXPECT_EQ(window.Grid1.back_colour(2, 0), 65535);
+  EXPECT_EQ(Title.Text, "VES 4");
 }
 
-TEST_F(ModelKeysTest, DeletingTheFirstTheLastOrAnEmptyRow) {
-  const std::vector<std::string> before = all_cells();
-  window.Grid1_Click(7, 0);  // an empty row: nothing changes
-  window.delLine_Click();
-  EXPECT_EQ(all_cells(), before);
-
-  window.Grid1_Click(1, 0);  // the first layer: the new first has no depth
-  window.delLine_Click();
-  EXPECT_EQ(cell(1, 0), "20  ");
-  EXPECT_EQ(cell(1, 2), "");
-  EXPECT_EQ(cell(2, 2), "10  ");
-
-  grid_rows({{"100  ", "5  "}, {"20  ", "10  "}, {"500  ", ""}});
-  window.ReadModelGrid();
-  window.Grid1_Click(3, 0);  // the last layer: the one above becomes the half space
-  window.delLine_Click();
-  EXPECT_EQ(cell(3, 0), "");
-  EXPECT_EQ(cell(3, 2), "");
-  EXPECT_EQ(cell(2, 1), "");
-  window.ReadModelGrid();
-  EXPECT_EQ(s.LayerCount, 2);
-}
-
-// The model grid against the record: what the grid shows of a model, and what a typed grid makes
-// of the model.
-
-TEST_F(ModelKeysTest, AResistivityWithoutThicknessOnTheLastRowIsTheHalfSpace) {
-  grid_rows({{"100  ", "5  "}, {"20  ", "10  "}, {"500  ", ""}});
-  window.ReadModelGrid();
-  EXPECT_EQ(s.LayerCount, 3);
-  EXPECT_EQ(depth(1), 0);
-  EXPECT_EQ(depth(2), 5);
-  EXPECT_EQ(depth(3), 15);
-  // The grid shows the depths of the tops, none for the surface, and no thickness for the last.
-  EXPECT_EQ(cell(1, 2), "");
-  EXPECT_EQ(cell(3, 2), "15  ");
-  EXPECT_EQ(cell(3, 1), "");
-
-  // Rows below the half space are dropped.
-  grid_rows({{"100  ", "5  "}, {"20  ", ""}, {"500  ", "7  "}});
-  window.ReadModelGrid();
-  EXPECT_EQ(s.LayerCount, 2);
-  EXPECT_EQ(rho(3), 0);
-  EXPECT_EQ(cell(3, 0), "");
-  EXPECT_EQ(cell(3, 1), "");
-}
-
-// The grid rounds what it reads; a blank resistivity with a thickness gets the least value.
-TEST_F(ModelKeysTest, TheGridRoundsWhatItReadsAndABlankResistivityIsTheLeastValue) {
-  grid_rows({{"123.4  ", "1.234  "}, {"", "12.34  "}, {"0.25  ", ""}});
-  window.ReadModelGrid();
-  EXPECT_EQ(s.LayerCount, 3);
-  EXPECT_EQ(rho(1), 123);
-  EXPECT_EQ(h(1), 1.2);
-  EXPECT_EQ(h(2), 12);
-  EXPECT_EQ(rho(2), 0.001);
-  EXPECT_EQ(cell(2, 0), ".001  ");
-  EXPECT_EQ(cell(3, 0), ".25  ");
-}
-
-TEST_F(ModelKeysTest, ThicknessesTakeTheDecimalsOfTheSetup) {
-  s.ThicknessDecimals = 2;
-  grid_rows({{"100  ", "3  "}, {"20  ", "2.5  "}, {"500  ", ""}});
-  window.ReadModelGrid();
-  EXPECT_EQ(cell(1, 1), "3.00  ");
-  EXPECT_EQ(cell(2, 1), "2.50  ");
-  EXPECT_EQ(cell(3, 2), "5.50  ");
-  EXPECT_EQ(cell(1, 0), "100  ");  // resistivities are plain text
-
-  // Never cut, only completed.
+// Thicknesses are never cut, only completed.
+TEST(FormatThickness, CompletesTheDecimalsAndNeverCuts) {
+  SoundingState s;
   const struct {
     int16_t decimals;
     double value;
@@ -225,28 +219,6 @@ TEST_F(ModelKeysTest, ThicknessesTakeTheDecimalsOfTheSetup) {
     s.ThicknessDecimals = c.decimals;
     EXPECT_EQ(FormatThickness(s, c.value), c.text) << c.decimals << " " << c.value;
   }
-}
-
-TEST_F(ModelKeysTest, AltitudesFollowTheElevationOfTheSounding) {
-  Z.Text = "250.4";
-  grid_rows({{"100  ", "5.2  "}, {"20  ", "10  "}, {"500  ", ""}});
-  window.ReadModelGrid();
-  EXPECT_EQ(s.LocationZ, "250.4");
-  EXPECT_EQ(cell(1, 3), "250.4  ");
-  EXPECT_EQ(cell(2, 3), "245.2  ");
-  // The depth of 15.2 is shown whole (15), and the altitude is worked out from that.
-  EXPECT_EQ(cell(3, 2), "15  ");
-  EXPECT_EQ(cell(3, 3), "235.4  ");
-  EXPECT_EQ(cell(4, 3), "");
-
-  Z.Text = "";
-  Title.Text = "VES 3";  // the main form's boxes go to the record and back
-  window.ReadModelGrid();
-  EXPECT_EQ(cell(1, 3), "");
-  EXPECT_EQ(s.GraphTitle, "VES 3");
-  s.GraphTitle = "VES 4";
-  window.RefreshModelGrid();
-  EXPECT_EQ(Title.Text, "VES 4");
 }
 
 TEST_F(ModelKeysTest, TheOverlayModeOfTheDepthsStopsAtTheFirstLowLayer) {

@@ -62,7 +62,7 @@ class ModelWindowTest : public SessionTest {
   }
 
   // Grid rows from row 1: resistivity and thickness texts as the user would see them.
-  void grid_rows(std::initializer_list<std::pair<const char*, const char*>> rows) {
+  void grid_rows(const std::vector<std::pair<const char*, const char*>>& rows) {
     int r = 0;
     for (auto [rho, h] : rows) {
       ++r;
@@ -81,7 +81,6 @@ class ModelWindowTest : public SessionTest {
 
   const std::string& cell(int r, int c) const { return window.Grid1.text(r, c); }
   double rho(int r) const { return s.LayerModel(r, 1).num(); }
-  double h(int r) const { return s.LayerModel(r, 2).num(); }
   double depth(int r) const { return s.LayerModel(r, 3).num(); }
 
   // Strokes started on the diagram in `colour` since the surface was last emptied.

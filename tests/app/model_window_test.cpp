@@ -2,7 +2,6 @@
 #include "core/runtime/number_text.h"
 #include "core/sounding_file.h"
 #include "model/automatic_model.h"
-#include "model/forward.h"
 #include "model_window_fixture.h"
 
 namespace tellux::testing {
@@ -116,11 +115,7 @@ TEST_F(ModelWindowTest, TheModelComputeAndFitMenusWorkThroughTheWindow) {
   window.menu_compute();
   EXPECT_EQ(rho(3), 250);
   EXPECT_EQ(wforms.model_window_shown, 1);
-  Cell typed_misfit, fitted_misfit;
-  FieldMisfit(s, typed_misfit);
-  window.menu_fit();
-  FieldMisfit(s, fitted_misfit);
-  EXPECT_LT(fitted_misfit.num(), typed_misfit.num() / 10);
+  window.menu_fit();  // the fit itself is checked with the fit and its golden files
   EXPECT_NEAR(rho(1), 100, 5);
   EXPECT_EQ(cell(1, 0), rt::CStr(s.LayerModel(1, 1)) + "  ");  // the grid shows the fit
   EXPECT_FALSE(s.DataSaved);

@@ -48,10 +48,17 @@ const Golden kGolden[] = {
     {"forward_dipole.json", "forward " + S + "dipole_two.TX3 --array dipole"},
     {"forward_wenner.json", "forward " + S + "wenner_three.TX3 --array wenner --decade-start 0"},
     {"compute_three_layers.json", "compute " + S + "three_layers.TX3"},
+    {"compute_dipole_half.json", "compute " + S + "dipole_two.TX3 --array dipole --half-array 2"},
     {"compute_half_shifted.json",
      "compute " + S + "bilog_three_layers.TX3 --shift 1 --half-array 2"},
     {"compute_marine.json", "compute " + S + "four_layers.TX3 --marine 0.3"},
     {"compute_wenner.json", "compute " + S + "wenner_three.TX3 --array wenner"},
+    {"compute_odd_rows.json", "compute " + D + "compute/odd_rows.TX3"},
+    {"compute_odd_dipole.json", "compute " + D + "compute/odd_rows.TX3 --array dipole"},
+    {"compute_lone_splice.json", "compute " + D + "compute/lone_splice.TX3 --shift 1"},
+    {"compute_close_splices.json", "compute " + D + "compute/close_splices.TX3 --shift 1"},
+    {"compute_close_splices_small.json",
+     "compute " + D + "compute/close_splices_small.TX3 --shift 1"},
     {"automodel_nomodel.json", "automodel " + S + "three_layers_nomodel.TX3"},
     {"automodel_sensitive.json", "automodel " + S + "four_layers.TX3 --sensitivity 0.1"},
     {"fit_nomodel.json", "fit " + S + "three_layers_nomodel.TX3 --thickness-decimals 1"},
@@ -66,6 +73,11 @@ const Golden kGolden[] = {
     {"section_line1.ops", "section " + kLine +
                               "--hscale 5000 --landscape --angle 45 --title Line1 --show "
                               "colours,topo,labels,elevation,correlation,scale,names --ops OUT"},
+    {"section_odd_logs.ops", "section " + D +
+                                 "section/S1?.TX3 --hscale 2000 --vscale 500 "
+                                 "--landscape --angle -12.5 --show labels,names --ops OUT"},
+    {"section_filled.ops",
+     "section " + D + "section/S1?.TX3 --hscale 2000 --vscale 500 --show fill,numbers --ops OUT"},
     {"diagram_bilog.ops", "plot " + S + "bilog_three_layers.TX3 --steps --errors --ops OUT"},
     {"diagram_dipole.ops", "plot " + S + "dipole_two.TX3 --array dipole --errors --ops OUT"},
     {"slice_res_altitude.DAT", "extract " + kLine + "--by res-altitude --altitude 95 --out OUT"},
