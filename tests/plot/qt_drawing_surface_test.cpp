@@ -63,14 +63,6 @@ TEST(QtDrawingSurfaceTest, TheFrameComesOutAsAPictureAndAsSvg) {
   EXPECT_EQ(pixel(image, surface.to_pixel(2.5, 2.5)), QColor(Qt::white));
   EXPECT_EQ(pixel(image, surface.to_pixel(2, 2.5)), QColor(Qt::black));
   EXPECT_EQ(pixel(image, surface.to_pixel(1 + s.MarkHalfSize * 0.999, 2)), QColor(255, 0, 0));
-  // Labels are drawn in the margin under the frame: some dark pixels below the bottom edge.
-  const QPointF label = surface.to_pixel(2, -0.05);
-  int dark = 0;
-  for (int dx = 0; dx < 30; ++dx)
-    for (int dy = -8; dy < 8; ++dy)
-      dark += image.pixelColor(static_cast<int>(label.x()) + dx, static_cast<int>(label.y()) + dy)
-                  .lightness() < 100;
-  EXPECT_GT(dark, 5);
 
   const auto dir = QString::fromStdString(std::filesystem::temp_directory_path().string());
   const QString png = dir + "/tellux_frame_test.png", svg = dir + "/tellux_frame_test.svg";
