@@ -11,6 +11,7 @@
 #include "platform/headless/recording_surface.h"
 #include "plot/curve_drawing.h"
 #include "session_fixture.h"
+#include "synthetic_sounding.h"
 
 namespace tellux::testing {
 
@@ -27,15 +28,7 @@ class PlotTest : public SessionTest {
     s.FieldCount = static_cast<int16_t>(n);
   }
   // Layer rows 1..n as (resistivity, thickness); the last one is the half space.
-  void model(std::initializer_list<std::pair<double, double>> rows) {
-    s.LayerModel.erase();
-    int n = 0;
-    for (const auto& [rho, h] : rows) {
-      s.LayerModel(++n, 1) = rho;
-      if (h > 0) s.LayerModel(n, 2) = h;
-    }
-    s.LayerCount = static_cast<int16_t>(n);
-  }
+  void model(const std::vector<Layer>& layers) { set_model(s, layers); }
   RecordingSurface screen;
   RecordingSurface printer;
   RecordingPage page;
