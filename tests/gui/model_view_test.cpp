@@ -100,15 +100,15 @@ TEST_F(ModelViewTest, KeysTypedInTheGridGoToTheLogic) {
   EXPECT_EQ(view->grid()->currentRow(), 2);
 }
 
-TEST_F(ModelViewTest, ADoubleClickFixesTheValue) {
+TEST_F(ModelViewTest, ADoubleClickFixesTheValueAndTheButtonsAndBoxReachTheLogic) {
   click_cell(2, 1);  // a double click is a press and release, then the second press
   QTableWidget* g = view->grid();
   QTest::mouseDClick(g->viewport(), Qt::LeftButton, {}, g->visualItemRect(g->item(1, 1)).center());
   EXPECT_EQ(s.LayerLocks[2], 2);
   EXPECT_EQ(g->item(1, 1)->background().color(), QColor(255, 255, 0));
   EXPECT_EQ(g->item(1, 1)->foreground().color(), QColor(255, 0, 0));
-}
-TEST_F(ModelViewTest, ButtonsAndBoxReachTheLogic) {
+
+  // The buttons and the overlay box reach the logic.
   click_cell(3, 0);
   QTest::keyClicks(view->grid(), "900");
   QTest::mouseClick(view->button(window.Calcul_Button), Qt::LeftButton);

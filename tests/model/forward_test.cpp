@@ -125,19 +125,16 @@ TEST_F(ForwardTest, TooManyRowsStopAtTheTablesEnd) {
   EXPECT_EQ(curve.segments.size(), 102u);  // the failing row was drawn before it was stored
 }
 
+// 250.5 rounds to the even neighbour; an overflowing row is passed over.
 TEST_F(ForwardTest, MaxAbHalfRisesToTheLongestSpacingUnlessTheFirstThreeAddUpToOne) {
-  field({{0.5, 10}, {2.5, 10}, {149.5, 10}, {250.5, 10}});
-  int16_t m = 3;
-  find_max_ab(s, m);
-  EXPECT_EQ(m, 250);  // 250.5 rounds to the even neighbour
-  field({{0.25, 10}, {0.25, 10}, {0.5, 10}, {300, 10}});
-  m = 3;
-  find_max_ab(s, m);
-  EXPECT_EQ(m, 3);
-  field({{1, 10}, {40000, 10}, {50, 10}});
-  m = 1;
-  find_max_ab(s, m);  // the overflowing row is passed over
-  EXPECT_EQ(m, 50);
+  const auto max_ab = [&](std::initializer_list<std::pair<double, double>> rows, int16_t m) {
+    field(rows);
+    find_max_ab(s, m);
+    return m;
+  };
+  EXPECT_EQ(max_ab({{0.5, 10}, {2.5, 10}, {149.5, 10}, {250.5, 10}}, 3), 250);
+  EXPECT_EQ(max_ab({{0.25, 10}, {0.25, 10}, {0.5, 10}, {300, 10}}, 3), 3);
+  EXPECT_EQ(max_ab({{1, 10}, {40000, 10}, {50, 10}}, 1), 50);
 }
 
 // A spacing outside the computed range is left out of the misfit, where the last evaluated t counts
