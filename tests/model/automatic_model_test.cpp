@@ -3,6 +3,7 @@
 #include <cmath>
 #include <vector>
 
+#include "model/field_rows.h"
 #include "session_fixture.h"
 
 namespace tellux {
@@ -15,15 +16,7 @@ class AutomaticModelTest : public testing::SessionTest {
     s.WorkMode = mode::kNormal;
     s.ModelSensitivity = 0.3;
   }
-  void field(const std::vector<std::pair<double, double>>& rows) {
-    s.FieldTable.erase();
-    int i = 0;
-    for (auto [ab, rho] : rows) {
-      s.FieldTable(++i, 1) = static_cast<float>(ab);
-      s.FieldTable(i, 2) = static_cast<float>(rho);
-    }
-    s.FieldCount = static_cast<int16_t>(i);
-  }
+  void field(const std::vector<std::pair<double, double>>& rows) { testing::set_field(s, rows); }
   // Points one decade apart from AB/2 = 1 whose log-log slopes are the given ones.
   void field_with_slopes(double rho, const std::vector<double>& slopes) {
     std::vector<std::pair<double, double>> rows{{1, rho}};

@@ -4,6 +4,7 @@
 #include <thread>
 #include <vector>
 
+#include "model/field_rows.h"
 #include "session_fixture.h"
 #include "synthetic_sounding.h"
 
@@ -35,15 +36,7 @@ class ForwardTest : public testing::SessionTest {
     field({{1, 100}, {1000, 100}});
     set_model(s, {{100, 0}});
   }
-  void field(std::initializer_list<std::pair<double, double>> rows) {
-    int i = 0;
-    for (auto [ab, rho] : rows) {
-      s.FieldTable(++i, 1) = static_cast<float>(ab);
-      s.FieldTable(i, 2) = static_cast<float>(rho);
-    }
-    s.FieldCount = static_cast<int16_t>(i);
-    s.MaxAbHalf = 1;
-  }
+  void field(const std::vector<std::pair<double, double>>& rows) { testing::set_field(s, rows); }
   double misfit() {
     Cell m;
     FieldMisfit(s, m);

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "model/field_rows.h"
 #include "platform/headless/recording_page.h"
 #include "platform/headless/recording_surface.h"
 #include "plot/curve_drawing.h"
@@ -17,16 +18,7 @@ namespace tellux::testing {
 
 class PlotTest : public SessionTest {
  protected:
-  // Field rows 1..n as (AB/2, resistivity).
-  void field(std::initializer_list<std::pair<double, double>> rows) {
-    s.FieldTable.erase();
-    int n = 0;
-    for (const auto& [ab, rho] : rows) {
-      s.FieldTable(++n, 1) = ab;
-      s.FieldTable(n, 2) = rho;
-    }
-    s.FieldCount = static_cast<int16_t>(n);
-  }
+  void field(const std::vector<std::pair<double, double>>& rows) { set_field(s, rows); }
   // Layer rows 1..n as (resistivity, thickness); the last one is the half space.
   void model(const std::vector<Layer>& layers) { set_model(s, layers); }
   RecordingSurface screen;
