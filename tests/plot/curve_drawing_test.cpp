@@ -22,14 +22,6 @@ class CurveDrawingTest : public testing::PlotTest {
     s.WorkMode = mode::kNormal;
     s.PlotScale = 20, s.PlotOriginX = 1134, s.PlotOriginY = 9000;
   }
-  // A computed curve of constant resistivity, eight samples to the decade from 0.1 m.
-  void flat_curve(double rho) {
-    s.ModelCurveLast = 40;
-    for (int i = 0; i <= 40; ++i) {
-      s.ModelCurve(i, 1) = rho;
-      s.ModelCurve(i, 2) = std::pow(10.0, i * 0.125 - 1);
-    }
-  }
   std::string xy(double x, double y) const { return at(x) + " " + at(y); }
   std::string page_xy(double x, double y) const {
     return fixed_text((x - s.DecadeStart) * 20 * 56.7 + 1134, 2) + " " +
@@ -174,7 +166,11 @@ TEST_F(CurveDrawingTest, DeviationsAreHundredTimesTheDifferenceOverTheReading) {
 }
 
 TEST_F(CurveDrawingTest, ErrorCurveLiesOnTheSoundingsAxesFromTheBottomEdge) {
-  flat_curve(99.0);
+  s.ModelCurveLast = 40;  // a flat curve of 99 ohm.m, eight samples to the decade from 0.1 m
+  for (int i = 0; i <= 40; ++i) {
+    s.ModelCurve(i, 1) = 99.0;
+    s.ModelCurve(i, 2) = std::pow(10.0, i * 0.125 - 1);
+  }
   s.RhoDecadeStart = 1;
   // 1%, 10%, 0.5%, a point beyond the right edge, then one back inside.
   field({{2, 100}, {5, 110}, {8, 99.5}, {20000, 150}, {30, 200}});
