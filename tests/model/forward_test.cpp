@@ -61,7 +61,6 @@ TEST_F(ForwardTest, DrawsEachRowAndThenTheWholeDiagramOnlyWhenAllowed) {
   s.ShowModelSteps = 1;
   ForwardCurve(session);
   ASSERT_EQ(curve.segments.size(), static_cast<size_t>(s.ModelCurveLast + 1));
-  EXPECT_EQ(curve.segments.front().first, 1);  // points are counted from 1
   EXPECT_EQ(curve.error_curves, 1);
   EXPECT_EQ(curve.steps, 1);
   EXPECT_EQ(curve.pointers, (std::vector<int>{kPointerHourglass, kPointerCross}));
