@@ -202,10 +202,6 @@ class WindowTest : public QObject {
     QTest::keyClick(grid, Qt::Key_5, Qt::KeypadModifier);
     QTest::keyClick(grid, Qt::Key_0);
     QCOMPARE(g.text(1, 4), std::string("50"));
-    grid->setCurrentIndex(grid->model()->index(0, 4));  // K is not typed
-    QTest::keyClick(grid, Qt::Key_1);
-    QCOMPARE(p.dialogs.messages.back().text,
-             std::string("You cannot enter a value, K is calculated"));
     p.window.sheet()->button("Computation")->click();
     QVERIFY(p.app.s.FieldTable(1, 2).num() > 0);
     QCOMPARE(p.app.s.FieldCount, int16_t{1});
