@@ -61,6 +61,7 @@ const Golden kGolden[] = {
      "compute " + D + "compute/close_splices_small.TX3 --shift 1"},
     {"automodel_nomodel.json", "automodel " + S + "three_layers_nomodel.TX3"},
     {"automodel_sensitive.json", "automodel " + S + "four_layers.TX3 --sensitivity 0.1"},
+    {"automodel_wenner.json", "automodel " + S + "wenner_three.TX3 --array wenner"},
     {"fit_nomodel.json", "fit " + S + "three_layers_nomodel.TX3 --thickness-decimals 1"},
     {"fit_dipole.json", "fit " + S + "dipole_two.TX3 --array dipole"},
     {"fit_written.TX3", "fit " + S + "four_layers.TX3 --thickness-decimals 2 --out OUT"},

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <vector>
 
+#include "model/field_rows.h"
 #include "session_fixture.h"
 
 namespace tellux {
@@ -15,15 +16,7 @@ class AutomaticModelTest : public testing::SessionTest {
     s.WorkMode = mode::kNormal;
     s.ModelSensitivity = 0.3;
   }
-  void field(const std::vector<std::pair<double, double>>& rows) {
-    s.FieldTable.erase();
-    int i = 0;
-    for (auto [ab, rho] : rows) {
-      s.FieldTable(++i, 1) = static_cast<float>(ab);
-      s.FieldTable(i, 2) = static_cast<float>(rho);
-    }
-    s.FieldCount = static_cast<int16_t>(i);
-  }
+  void field(const std::vector<std::pair<double, double>>& rows) { testing::set_field(s, rows); }
   // Points one decade apart from AB/2 = 1 whose log-log slopes are the given ones.
   void field_with_slopes(double rho, const std::vector<double>& slopes) {
     std::vector<std::pair<double, double>> rows{{1, rho}};
@@ -36,23 +29,21 @@ class AutomaticModelTest : public testing::SessionTest {
   float F(int r, int c) const { return static_cast<float>(s.FieldTable(r, c).num()); }
 };
 
-// Two equal rows, a constant curve, or one with a first spacing of zero (guarded) give one layer
-// of that resistivity without thickness; the whole model is overwritten and the locks cleared.
+// Two equal rows or a first spacing of zero (guarded by the shift of 0.001) give one layer of
+// that resistivity without thickness; the whole model is overwritten and the locks cleared.
 TEST_F(AutomaticModelTest, AFlatCurveGivesOneLayerWithoutThickness) {
-  for (int points : {2, 6, 3}) {
+  for (int points : {2, 3}) {
     for (int r = 1; r <= 20; ++r) {
       s.LayerModel(r, 1) = 7.0;
       s.LayerModel(r, 2) = 3.0;
       s.LayerLocks[r] = 3;
     }
     if (points == 3) field({{0, 50}, {10, 50}, {20, 50}});
-    if (points != 3) field_with_slopes(50, std::vector<double>(points - 1, 0.0));
+    if (points == 2) field({{1, 50}, {10, 50}});
     AutomaticModel(session);
     EXPECT_EQ(s.LayerCount, 1) << points;
-    EXPECT_EQ(rho(1), 50);
-    EXPECT_EQ(h(1), 0);
-    EXPECT_EQ(rho(2), 0);
-    EXPECT_EQ(h(20), 0);
+    EXPECT_EQ(std::vector<double>({rho(1), h(1), rho(2), h(20)}),
+              std::vector<double>({50, 0, 0, 0}));
     for (int r = 1; r <= 20; ++r) EXPECT_EQ(s.LayerLocks[r], 0);
     EXPECT_EQ(s.WorkMode, "AUTOMATIC");
     EXPECT_TRUE(dialogs.messages.empty());
@@ -72,28 +63,15 @@ TEST_F(AutomaticModelTest, TwoDifferentFieldRowsAddALastLayerPushedByTheSlope) {
   EXPECT_EQ(h(2), 0);  // the half space
 }
 
-TEST_F(AutomaticModelTest, AFlatSpotWithATurnOpensALayerAtEightTenthsOfItsSpacing) {
-  // Rising, flat, falling: the slope magnitude has its minimum at the second slope and its sign
-  // turns.
-  field_with_slopes(100, {0.6, 0.05, -0.6, -0.6});
+// Slopes 0.1, 0.05, -0.1: a flat spot whose sign turns opens a layer though the jump (0.2) is under
+// the sensitivity; the last reading is within 0.2 (in ln) of it, so no last layer is added. (The
+// Wenner thicknesses are in the golden automatic models.)
+TEST_F(AutomaticModelTest, AFlatSpotWithATurnOpensALayerWhateverTheJump) {
+  field_with_slopes(100, {0.1, 0.05, -0.1});
   AutomaticModel(session);
-  ASSERT_EQ(s.LayerCount, 3);
+  ASSERT_EQ(s.LayerCount, 2);
   EXPECT_DOUBLE_EQ(rho(2), F(2, 2));
-  EXPECT_DOUBLE_EQ(h(2), std::fabs(0.8 * 10 - 1));
-  // The last point lies far below layer 2: a last layer is added, the half space.
-  EXPECT_EQ(h(3), 0);
-  const float p = static_cast<float>(s.FieldSlopes[4] * 3.0 + 5.0);
-  EXPECT_EQ(rho(3), std::floor(p * s.FieldTable(5, 2).num() / 5.0));
-
-  // Wenner triples the thicknesses: a new layer's is measured from the (tripled) thickness above
-  // it, then tripled; the slopes and the resistivities do not depend on the array.
-  const LayerTableT schlumberger = s.LayerModel;
-  s.Spread = SpreadType::Wenner;
-  AutomaticModel(session);
-  ASSERT_EQ(s.LayerCount, 3);
-  EXPECT_EQ(h(1), 3 * schlumberger(1, 2).num());
-  EXPECT_DOUBLE_EQ(h(2), 3 * std::fabs(0.8 * 10 - h(1)));
-  for (int n = 1; n <= 3; ++n) EXPECT_EQ(rho(n), schlumberger(n, 1).num());
+  EXPECT_EQ(h(2), 0);
 }
 
 TEST_F(AutomaticModelTest, TheSensitivityDecidesWhetherAJumpOpensALayer) {
@@ -119,7 +97,6 @@ TEST_F(AutomaticModelTest, ASpliceShiftsTheSlopesAndOpensNoLayerThere) {
   EXPECT_FLOAT_EQ(s.FieldSlopes[2], s1);
   EXPECT_FLOAT_EQ(s.FieldSlopes[3], s2);
   EXPECT_FLOAT_EQ(s.FieldSlopes[4], static_cast<float>(std::log(100.0 / 190.0) / std::log(2.0)));
-  EXPECT_EQ(s.WorkMode, "AUTOMATIC");
 }
 
 TEST_F(AutomaticModelTest, AZeroFieldValueStopsTheBuildWithTheLanguagesMessage) {

@@ -3,8 +3,6 @@
 #include <cmath>
 #include <vector>
 
-#include "core/sounding_file.h"
-#include "model/automatic_model.h"
 #include "model/forward.h"
 #include "session_fixture.h"
 #include "synthetic_sounding.h"
@@ -74,33 +72,6 @@ class FitTest : public testing::SessionTest {
   RefreshCounter counting;
   Session watched{s, dialogs, counting, &probe};
 };
-
-// The sample file holds 28 points of the model 100 ohm.m 5 m, 20 ohm.m 20 m, 300 ohm.m with a 2
-// percent ripple and no model. The figures below are those this code gave when the file was made:
-// any change in the arithmetic of the automatic model, the forward calculation or the fit shows.
-TEST_F(FitTest, TheSampleSoundingFitsToTheSameDigits) {
-  s.FormatLevel = 3;
-  s.FileName = "fit_synthetic_3layer.TX3";
-  std::string file = std::string(TELLUX_TEST_DATA) + "/" + s.FileName;
-  ASSERT_TRUE(read_sounding_file(session, file));
-  ASSERT_EQ(s.FieldCount, 28);
-  s.SuperposeCurve = -1;
-  AutomaticModel(session);
-  ASSERT_EQ(s.LayerCount, 3);
-  EXPECT_EQ(rho(1), 101.19000244140625);
-  EXPECT_EQ(h(2), 19.080000305175783);
-  EXPECT_EQ(rho(3), 264);
-  session.forward_runs = 0;
-  ForwardCurve(session);
-  FitModel(session, &report);
-  EXPECT_EQ(session.forward_runs, 296);
-  EXPECT_EQ(report.passes, 17);
-  EXPECT_EQ(std::vector<double>({rho(1), h(1), rho(2), h(2), rho(3)}),
-            std::vector<double>({101, 4.7, 23, 24, 321}));
-  EXPECT_EQ(misfit(), 0.0029772822886048596);
-  EXPECT_EQ(s.FitMisfit.num(), 0);  // no fit running any more
-  EXPECT_TRUE(dialogs.messages.empty());
-}
 
 // Only the final curve is drawn and the grid refreshed once; a model without a curve costs one run
 // more.

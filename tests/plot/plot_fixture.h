@@ -7,35 +7,20 @@
 #include <string>
 #include <vector>
 
+#include "model/field_rows.h"
 #include "platform/headless/recording_page.h"
 #include "platform/headless/recording_surface.h"
 #include "plot/curve_drawing.h"
 #include "session_fixture.h"
+#include "synthetic_sounding.h"
 
 namespace tellux::testing {
 
 class PlotTest : public SessionTest {
  protected:
-  // Field rows 1..n as (AB/2, resistivity).
-  void field(std::initializer_list<std::pair<double, double>> rows) {
-    s.FieldTable.erase();
-    int n = 0;
-    for (const auto& [ab, rho] : rows) {
-      s.FieldTable(++n, 1) = ab;
-      s.FieldTable(n, 2) = rho;
-    }
-    s.FieldCount = static_cast<int16_t>(n);
-  }
+  void field(const std::vector<std::pair<double, double>>& rows) { set_field(s, rows); }
   // Layer rows 1..n as (resistivity, thickness); the last one is the half space.
-  void model(std::initializer_list<std::pair<double, double>> rows) {
-    s.LayerModel.erase();
-    int n = 0;
-    for (const auto& [rho, h] : rows) {
-      s.LayerModel(++n, 1) = rho;
-      if (h > 0) s.LayerModel(n, 2) = h;
-    }
-    s.LayerCount = static_cast<int16_t>(n);
-  }
+  void model(const std::vector<Layer>& layers) { set_model(s, layers); }
   RecordingSurface screen;
   RecordingSurface printer;
   RecordingPage page;
