@@ -10,7 +10,7 @@
 #include <filesystem>
 #include <string>
 
-#include "core/runtime/token_file.h"
+#include "cli_run.h"
 
 namespace {
 
@@ -102,19 +102,15 @@ void replace_all(std::string& text, const std::string& from, const std::string& 
 }
 
 TEST(Golden, OutputsAreTheFilesKept) {
-  const fs::path dir = fs::temp_directory_path() / ("tellux-golden-" + std::to_string(::getpid()));
-  fs::create_directories(dir);
+  const fs::path dir = tellux::testing::fresh_folder("tellux-golden-");
   const bool update = std::getenv("TELLUX_UPDATE_GOLDEN") != nullptr;
   for (const Golden& g : kGolden) {
     SCOPED_TRACE(g.name);
-    const fs::path out = dir / g.name, printed = dir / "stdout";
-    std::string args = g.args;
-    const bool writes = args.find("OUT") != std::string::npos;
-    if (writes) args.replace(args.find("OUT"), 3, out.string());
-    const std::string line = "cd " + dir.string() + " && TELLUX_INI=" + (dir / "x.ini").string() +
-                             " " + TELLUX_CLI + " " + args + " >" + printed.string() + " 2>&1";
-    std::system(line.c_str());
-    std::string got = tellux::rt::read_whole_file((writes ? out : printed).string());
+    const auto r = tellux::testing::run_cli(dir, g.args, dir / g.name);
+    // What the command wrote, else what it printed (its messages after its record).
+    std::string got = g.args.find("OUT") != std::string::npos
+                          ? tellux::rt::read_whole_file((dir / g.name).string())
+                          : r.out + r.err;
     replace_all(got, dir.string(), "$TMP");
     replace_all(got, kSrc, "$SRC");
     const std::string kept = kSrc + "/tests/data/golden/" + g.name;

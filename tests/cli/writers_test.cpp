@@ -1,15 +1,10 @@
 // Every kind of file the program writes, written where it cannot be, and through a link: the
 // command says so with the path and the reason, exits 1, and nothing already on disk changes.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <string>
+#include "cli_run.h"
 
-#include "core/runtime/token_file.h"
-
+namespace tellux::testing {
 namespace {
 
 namespace fs = std::filesystem;
@@ -19,93 +14,57 @@ const std::string kSample = kSource + "/samples/three_layers.TX3";
 const std::string kLine =
     kSource + "/tests/data/profile/L1_01.TX3 " + kSource + "/tests/data/profile/L1_02.TX3";
 
-struct Writer {
-  const char* kind;
-  std::string args;  // OUT stands for the file written
-  const char* name;  // a name the command keeps as it stands
+// What each command writes, and a name it keeps as it stands.
+const std::pair<std::string, const char*> kWriters[] = {
+    {"write " + kSample + " OUT", "a.TX3"},
+    {"convert oyo " + kSource + "/tests/data/instruments/sample.csv --out OUT", "a.TX3"},
+    {"extract " + kLine + " --by res-layer --layer 1 --out OUT", "a.DAT"},
+    {"export-txl " + kSample + " --out OUT", "a.TXL"},
+    {"report " + kSample + " --pdf OUT", "a.pdf"},
+    {"section " + kLine + " --hscale 5000 --pdf OUT", "a.pdf"},
+    {"plot " + kSample + " --png OUT", "a.png"},
+    {"plot " + kSample + " --svg OUT", "a.svg"},
 };
 
-const Writer kWriters[] = {
-    {"TX3", "write " + kSample + " OUT", "a.TX3"},
-    {"instrument", "convert oyo " + kSource + "/tests/data/instruments/sample.csv --out OUT",
-     "a.TX3"},
-    {"extraction", "extract " + kLine + " --by res-layer --layer 1 --out OUT", "a.DAT"},
-    {"TXL", "export-txl " + kSample + " --out OUT", "a.TXL"},
-    {"report PDF", "report " + kSample + " --pdf OUT", "a.pdf"},
-    {"section PDF", "section " + kLine + " --hscale 5000 --pdf OUT", "a.pdf"},
-    {"diagram PNG", "plot " + kSample + " --png OUT", "a.png"},
-    {"diagram SVG", "plot " + kSample + " --svg OUT", "a.svg"},
-};
-
-class Writers : public ::testing::Test {
- protected:
-  void SetUp() override {
-    dir = fs::temp_directory_path() / ("tellux-writers-" + std::to_string(::getpid()));
-    fs::remove_all(dir);
-    fs::create_directories(dir);
-  }
-  void TearDown() override {
-    fs::permissions(dir, fs::perms::owner_all);
-    fs::remove_all(dir);
-  }
-  // Runs the writer with OUT replaced by `out`; the exit status, standard error in `err`.
-  int run(const Writer& w, const fs::path& out) {
-    std::string args = w.args;
-    args.replace(args.find("OUT"), 3, out.string());
-    const std::string line = "cd " + dir.string() + " && TELLUX_INI=" + (dir / "x.ini").string() +
-                             " " + TELLUX_CLI + " " + args + " >/dev/null 2>" +
-                             (dir / "err").string();
-    const int raw = std::system(line.c_str());
-    err = tellux::rt::read_whole_file((dir / "err").string());
-    return WIFEXITED(raw) ? WEXITSTATUS(raw) : -1;
-  }
-  std::string read(const fs::path& p) { return tellux::rt::read_whole_file(p.string()); }
-  fs::path dir;
-  std::string err;
-};
-
-TEST_F(Writers, FailuresNameThePathAndKeepWhatIsOnDisk) {
-  for (const Writer& w : kWriters) {
-    SCOPED_TRACE(w.kind);
+TEST(Writers, FailuresNameThePathAndKeepWhatIsOnDisk) {
+  const fs::path dir = fresh_folder("tellux-writers-"), locked_folder = dir / "locked";
+  fs::create_directories(locked_folder);
+  fs::permissions(locked_folder, fs::perms::owner_read | fs::perms::owner_exec);
+  for (const auto& [args, name] : kWriters) {
+    SCOPED_TRACE(args);
     // A write-protected file (for the super-user too: nobody may write it).
-    const fs::path locked = dir / w.name;
-    tellux::rt::write_file_atomically(locked.string(), "old");
+    const fs::path locked = dir / name;
+    rt::write_file_atomically(locked.string(), "old");
     fs::permissions(locked, fs::perms::owner_read | fs::perms::group_read);
-    EXPECT_EQ(run(w, locked), 1);
-    EXPECT_NE(err.find(locked.string() + ": the file is write-protected"), std::string::npos)
-        << err;
-    EXPECT_EQ(read(locked), "old");
+    CliRun r = run_cli(dir, args, locked);
+    EXPECT_EQ(r.status, 1);
+    EXPECT_NE(r.err.find(locked.string() + ": the file is write-protected"), std::string::npos)
+        << r.err;
+    EXPECT_EQ(rt::read_whole_file(locked.string()), "old");
     fs::remove(locked);
 
-    for (const fs::path& nowhere : {dir / "missing" / w.name, fs::path("/proc/tellux") / w.name}) {
-      EXPECT_EQ(run(w, nowhere), 1) << nowhere;
-      EXPECT_NE(err.find(nowhere.string() + ": "), std::string::npos) << err;
+    for (const fs::path& nowhere : {dir / "missing" / name, fs::path("/proc/tellux") / name}) {
+      r = run_cli(dir, args, nowhere);
+      EXPECT_EQ(r.status, 1) << nowhere;
+      EXPECT_NE(r.err.find(nowhere.string() + ": "), std::string::npos) << r.err;
     }
-
     // Through a link the linked file is replaced and the link kept.
-    const fs::path real = dir / ("real_" + std::string(w.name)), link = dir / w.name;
-    tellux::rt::write_file_atomically(real.string(), "old");
+    const fs::path real = dir / ("real_" + std::string(name)), link = dir / name;
+    rt::write_file_atomically(real.string(), "old");
     fs::create_symlink(real.filename(), link);
-    EXPECT_EQ(run(w, link), 0) << err;
+    EXPECT_EQ(run_cli(dir, args, link).status, 0);
     EXPECT_TRUE(fs::is_symlink(link));
-    EXPECT_NE(read(real), "old");
+    EXPECT_NE(rt::read_whole_file(real.string()), "old");
     fs::remove(link);
-    fs::remove(real);
+    // A write-protected folder gets no file; the super-user writes into any folder.
+    if (::geteuid() == 0) continue;
+    EXPECT_NE(run_cli(dir, args, locked_folder / name).err.find("Permission denied"),
+              std::string::npos);
+    EXPECT_TRUE(fs::is_empty(locked_folder));
   }
-}
-
-TEST_F(Writers, AWriteProtectedFolderGetsNoFile) {
-  if (::geteuid() == 0) GTEST_SKIP() << "the super-user writes into any folder";
-  const fs::path folder = dir / "locked";
-  fs::create_directories(folder);
-  fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
-  for (const Writer& w : kWriters) {
-    SCOPED_TRACE(w.kind);
-    EXPECT_EQ(run(w, folder / w.name), 1);
-    EXPECT_NE(err.find("Permission denied"), std::string::npos) << err;
-    EXPECT_TRUE(fs::is_empty(folder));
-  }
-  fs::permissions(folder, fs::perms::owner_all);
+  fs::permissions(locked_folder, fs::perms::owner_all);
+  fs::remove_all(dir);
 }
 
 }  // namespace
+}  // namespace tellux::testing
