@@ -73,6 +73,10 @@ TEST_F(HelpTest, AGraphicalProgramOfOneBlankIsNotLocated) {
   EXPECT_EQ(programs.log.back(), "/usr/bin/inkscape /d/X.svg");
   open_calculator(session, programs);  // none on this desktop
   EXPECT_EQ(dialogs.texts().back(), "No calculator is installed on this desktop.");
+  programs.calc = "/usr/bin/gnome-calculator";
+  open_calculator(session, programs);  // starts, and nothing is said
+  EXPECT_EQ(std::tuple(programs.log.back(), dialogs.messages.size()),
+            std::tuple("/usr/bin/gnome-calculator ", size_t{2}));
 }
 
 TEST(About, InFrenchOrEnglishWithTheFiltersAndTheWarning) {

@@ -71,6 +71,10 @@ TEST_F(PrintTabTest, ZoomModesAndANewSheetRebuildTheReport) {
   };
   tab.cmdPageSetup_Click();  // the sheet lies on its side: the text moves to a page of its own
   EXPECT_EQ(page.PageCount(), 3);
+  tab.print_dialog = [this](int) { page.PageWidth -= 7000; };  // only narrower: built anew
+  const std::string before = page.text();
+  tab.cmdPageSetup_Click();
+  EXPECT_NE(page.text(), before);
 }
 
 }  // namespace

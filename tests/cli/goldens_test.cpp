@@ -55,6 +55,7 @@ const Golden kGolden[] = {
     {"compute_wenner.json", "compute " + S + "wenner_three.TX3 --array wenner"},
     {"compute_odd_rows.json", "compute " + D + "compute/odd_rows.TX3"},
     {"compute_odd_dipole.json", "compute " + D + "compute/odd_rows.TX3 --array dipole"},
+    {"compute_no_current.json", "compute " + D + "compute/no_current.TX3"},
     {"compute_lone_splice.json", "compute " + D + "compute/lone_splice.TX3 --shift 1"},
     {"compute_close_splices.json", "compute " + D + "compute/close_splices.TX3 --shift 1"},
     {"compute_close_splices_small.json",
