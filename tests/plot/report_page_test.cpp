@@ -102,6 +102,7 @@ TEST_F(ReportTest, FieldDataPageByArrayWithPasiUnits) {
 
 TEST_F(ReportTest, TheDirectPrintWritesBothSheetsInLinesOfText) {
   ComputeDepths(session);
+  std::tie(s.FieldTable(1, 3), s.FieldTable(1, 4), s.FieldTable(1, 5)) = std::tuple(0.5, 12, 6);
   int sheets = 1;
   PrintReportDirect(session, printer, "Title", [&] { ++sheets; });
   EXPECT_EQ(sheets, 2);
@@ -115,6 +116,10 @@ TEST_F(ReportTest, TheDirectPrintWritesBothSheetsInLinesOfText) {
                     "            K            Resistivity"),
             1);
   EXPECT_EQ(printed("near the well"), 2);
+  // MN/2, AB/2, DeltaV, I (none), K, resistivity
+  EXPECT_EQ(printed("         0.5                  1                12                          "
+                    "            6              100        "),
+            1);
 }
 
 TEST(ReportTexts, PageTextAndPadNumberLeft) {
@@ -127,6 +132,7 @@ TEST(ReportTexts, PageTextAndPadNumberLeft) {
   EXPECT_EQ(PadNumberLeft(0), "");
   EXPECT_EQ(PadNumberLeft(25), std::string(8, ' ') + "25");
   EXPECT_EQ(PadNumberLeft(2.5), std::string(7, ' ') + "2.5");
+  EXPECT_EQ(PadNumberLeft(1234567), "1234567");  // wider than its place: no blank
 }
 
 }  // namespace
