@@ -3,19 +3,19 @@
 #include <memory>
 #include <sstream>
 
-#include <QBuffer>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
 
 #include "cli.h"
-#include "core/runtime/errors.h"
-#include "core/runtime/token_file.h"
 #include "model/forward.h"
 #include "model/layer_depths.h"
 #include "pictures.h"
+#include "platform/headless/recording_surface.h"
+#include "platform/qt/atomic_output.h"
 #include "platform/qt/qt_drawing_surface.h"
 #include "platform/qt/qt_page_painter.h"
+#include "platform/tee_surface.h"
 #include "plot/report_page.h"
 
 namespace tellux::cli {
@@ -48,16 +48,16 @@ std::vector<double> numbers(const std::string& text, size_t count, const char* o
 }
 
 // The direct report on a PDF standing in for the printer: each sheet is drawn on a picture of the
-// sheet at 150 dpi in the report's logical coordinates, then painted on its PDF page.
+// sheet at 150 dpi in the report's logical coordinates, then painted on its PDF page. The drawing
+// operations of every sheet are kept in `record`.
 QString print_direct(Cli& cli, const std::string& title, double width, double height,
-                     const std::string& path) {
+                     const std::string& path, RecordingSurface& record) {
   constexpr double kDpi = 150;
   QtDrawingSurface sheet(static_cast<int>(width / 1440 * kDpi),
                          static_cast<int>(height / 1440 * kDpi));
-  QBuffer buffer;
-  buffer.open(QIODevice::WriteOnly);
-  {
-    QPdfWriter pdf(&buffer);
+  TeeSurface printer(sheet, record);
+  return write_through_buffer(QString::fromStdString(path), [&](QIODevice& out) {
+    QPdfWriter pdf(&out);
     pdf.setResolution(static_cast<int>(kDpi));
     pdf.setPageSize(QPageSize(QSizeF(width / 1440, height / 1440), QPageSize::Inch));
     pdf.setPageMargins(QMarginsF(0, 0, 0, 0));
@@ -66,20 +66,15 @@ QString print_direct(Cli& cli, const std::string& title, double width, double he
       painter.fillRect(QRectF(0, 0, sheet.width(), sheet.height()), Qt::white);
       sheet.render(painter);
     };
-    sheet.Cls();
-    PrintReportDirect(cli.session, sheet, title, [&] {
+    printer.Cls();
+    PrintReportDirect(cli.session, printer, title, [&] {
       paint_sheet();
       pdf.newPage();
-      sheet.Cls();
+      printer.Cls();
     });
     paint_sheet();
-  }
-  try {
-    rt::write_file_atomically(path, std::string_view(buffer.data().constData(), buffer.size()));
-  } catch (const rt::RuntimeError& e) {
-    return QString::fromStdString(e.reason());
-  }
-  return {};
+    return painter.end();
+  });
 }
 
 int report(Cli& cli, const ReportOptions& o) {
@@ -121,8 +116,13 @@ int report(Cli& cli, const ReportOptions& o) {
     j["ReportTitle"] = text(title);
     j["PageWidth"] = page.PageWidth;
     j["PageHeight"] = page.PageHeight;
-    const QString why = print_direct(cli, title, page.PageWidth, page.PageHeight, o.pdf);
+    RecordingSurface record;
+    QString why = print_direct(cli, title, page.PageWidth, page.PageHeight, o.pdf, record);
     if (!why.isEmpty()) Cli::complain("cannot write " + o.pdf + ": " + why.toStdString());
+    if (!o.ops.empty() && !record.save(o.ops)) {
+      Cli::complain("cannot write " + o.ops);
+      why = "cannot write";
+    }
     j["Messages"] = cli.messages();
     cli.print(j);
     return why.isEmpty() ? cli.status() : 1;
@@ -164,7 +164,8 @@ Command report_command(CLI::App& root) {
   app->add_option("--pdf", o->pdf, "Write every page to one PDF");
   app->add_option("--svg", o->svg, "Write page 1 as SVG (OUT-2.svg ... for further pages)");
   app->add_option("--png", o->png, "Write page 1 as PNG at 100 dpi (OUT-2.png ... further)");
-  app->add_option("--ops", o->ops, "Write the page operations, one a line");
+  app->add_option("--ops", o->ops,
+                  "Write the page operations, one a line (with --direct, the printer's)");
   app->add_flag("--direct", o->direct,
                 "Print the report straight on the printer as the direct print does, with a PDF "
                 "(--pdf) standing in for the printer");

@@ -72,6 +72,11 @@ const Golden kGolden[] = {
     {"report_dipole_lying.ops",
      "report " + S + "dipole_two.TX3 --array dipole --landscape --steps --ops OUT"},
     {"report_wenner.ops", "report " + S + "wenner_three.TX3 --array wenner --errors --ops OUT"},
+    {"direct_dipole.ops", "report " + S +
+                              "dipole_two.TX3 --array dipole --steps --errors --direct --pdf "
+                              "direct.pdf --ops OUT"},
+    {"direct_wenner.ops",
+     "report " + S + "wenner_three.TX3 --array wenner --direct --pdf direct.pdf --ops OUT"},
     {"section_line1.ops", "section " + kLine +
                               "--hscale 5000 --landscape --angle 45 --title Line1 --show "
                               "colours,topo,labels,elevation,correlation,scale,names --ops OUT"},
