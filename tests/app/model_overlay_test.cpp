@@ -145,7 +145,7 @@ TEST_F(ModelSessionTest, TypeSuperposeAndWalk) {
   for (auto [row, col, typed] : cells) type(row, col, typed);
   window.Calcul_Button_Click();
   EXPECT_EQ(s.LayerCount, 4);
-  EXPECT_EQ(depth(4), 25);
+  EXPECT_EQ(s.LayerModel(4, 3).num(), 25);
   EXPECT_EQ(Name.Text, "fit_synthetic_3layer");
 
   // Three variants of the deepest layer, each kept on the diagram.

@@ -1,4 +1,6 @@
 // The model window as a whole: its load, its buttons and captions, and the menu commands.
+#include <tuple>
+
 #include "core/runtime/number_text.h"
 #include "core/sounding_file.h"
 #include "model/automatic_model.h"
@@ -107,11 +109,9 @@ TEST_F(ModelWindowTest, TheModelComputeAndFitMenusWorkThroughTheWindow) {
   sounding();
   window.menu_compute();  // the window opens, its load computes
   EXPECT_TRUE(window.loaded());
-  type(1, 0, "80");
-  type(1, 1, "4");
-  type(2, 0, "30");
-  type(2, 1, "15");
-  type(3, 0, "250");
+  for (auto [r, c, typed] :
+       {std::tuple{1, 0, "80"}, {1, 1, "4"}, {2, 0, "30"}, {2, 1, "15"}, {3, 0, "250"}})
+    type(r, c, typed);
   window.menu_compute();
   EXPECT_EQ(rho(3), 250);
   EXPECT_EQ(wforms.model_window_shown, 1);
