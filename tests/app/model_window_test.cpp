@@ -9,10 +9,13 @@
 namespace tellux::testing {
 namespace {
 
+// The captions follow the language at each load; German shows the English texts.
 TEST_F(ModelWindowTest, OpeningTheWindowShowsTheModelComputesItsCurveAndSetsTheControls) {
   sounding();
   s.LayerLocks[2] = 3;  // locks do not survive a load
+  use_language('F');
   window.Form_Load();
+  EXPECT_EQ(window.Caption, "Traçage modèle");
   EXPECT_EQ(cell(3, 2), "25  ");
   EXPECT_EQ(s.LayerLocks[2], 0);
   EXPECT_FALSE(s.ModelOutdated);
@@ -24,7 +27,10 @@ TEST_F(ModelWindowTest, OpeningTheWindowShowsTheModelComputesItsCurveAndSetsTheC
   // The slider and the overlay box follow the record at the load, and set it.
   s.ModelSensitivity = 0.3;
   s.SuperposeCurve = 1;
+  use_language('A');
   window.Form_Load();
+  EXPECT_EQ(window.Ajuste_Button.Caption, "&Fitting");
+  EXPECT_EQ(window.Label2.Caption, "L");
   EXPECT_EQ(window.Slider1.Value, 3);
   EXPECT_EQ(window.Check18.Value, 1);
   window.Slider1_Change(0);
@@ -46,20 +52,6 @@ TEST_F(ModelWindowTest, AnAutomaticModelIsFittedWhenTheWindowOpens) {
   EXPECT_GT(ws.forward_runs, 20);  // the fit ran
   EXPECT_EQ(s.WorkMode, "");
   EXPECT_NEAR(rho(1), 100, 10);
-}
-
-// One caption per language family; German shows the English texts.
-TEST_F(ModelWindowTest, CaptionsFollowTheLanguage) {
-  use_language('F');
-  window.set_captions();
-  EXPECT_EQ(window.Caption, "Traçage modèle");
-  use_language('S');
-  window.set_captions();
-  EXPECT_EQ(window.Calcul_Button.Caption, "&Computar");
-  use_language('A');
-  window.set_captions();
-  EXPECT_EQ(window.Ajuste_Button.Caption, "&Fitting");
-  EXPECT_EQ(window.Label2.Caption, "L");
 }
 
 TEST_F(ModelWindowTest, SavingWritesTheGridsModel) {
@@ -87,6 +79,7 @@ TEST_F(ModelWindowTest, TheShiftShowsBesideTheNameAndAMissingFirstThicknessStops
   s.ShiftCurves = 1;
   use_language('S');
   window.Form_Load();
+  EXPECT_EQ(window.Calcul_Button.Caption, "&Computar");
   EXPECT_EQ(Text3.Text, "Empalmes compens.");
   s.ShiftCurves = 0;
   window.Calcul_Button_Click();
