@@ -77,8 +77,9 @@ TEST_F(SheetBuild, ASpreadFileReadsAtMost51RowsAndKeepsWhatPrecedesDamage) {
   EXPECT_EQ(cell(3, 2), "");
 }
 
-// An unnamed sounding becomes NEW, once; a missing spread file leaves an empty sheet, silently.
-TEST_F(SheetBuild, AMissingSpreadFileLeavesAnEmptySheetNamedNewOnce) {
+// An unnamed sounding becomes NEW, once; a missing spread file leaves an empty sheet, silently. A
+// named sounding or a resistivity in row one is then filled from the table.
+TEST_F(SheetBuild, AMissingSpreadFileLeavesAnEmptySheetNamedNewOnceThenTheTableFillsIt) {
   sheet.BuildGrid.set_text(2, 2, "old");
   EXPECT_NO_THROW(sheet.Load_build());
   EXPECT_EQ(cell(2, 2), "");
@@ -89,11 +90,8 @@ TEST_F(SheetBuild, AMissingSpreadFileLeavesAnEmptySheetNamedNewOnce) {
   sheet.Load_build();
   EXPECT_EQ(sheet_forms.caption, "");
   EXPECT_FALSE(s.ModelEverComputed);
-}
 
-TEST_F(SheetBuild, ANamedSoundingOrAResistivityInRowOneIsFilledFromTheTable) {
   write("data/DATAVES.TXT", "0.5,1\r\n");
-  s.FileName = "NEW";
   s.FieldCount = 1;
   s.FieldTable(1, 1) = 3.0;
   s.FieldTable(1, 2) = 55.0;

@@ -90,13 +90,19 @@ TEST_F(SetupTabTest, LoadParameterSetsTheListsFromTheExponents) {
 }
 
 // An exponent outside the items leaves the list unchosen and the range as it was; no decade on
-// the abscissa does not stop the redraw.
+// the abscissa does not stop the redraw. Without a curve the frame and the marks are drawn alone.
 TEST_F(SetupTabTest, RangesOutsideTheListsOrWithoutADecade) {
+  s.FieldCount = 1;
+  s.FieldTable(1, 1) = 10.0;
+  s.FieldTable(1, 2) = 100.0;
+  drawing.attach();
   s.DecadeEnd = 7;
-  tab.Load_parameter();
+  redraw();
   EXPECT_EQ(tab.Combo2.ListIndex(), -1);
-  tab.Command11_Click();
   EXPECT_EQ(s.DecadeEnd, 7);
+  EXPECT_EQ(screen.ops.back(), "MousePointer 2");
+  EXPECT_EQ(screen.ops[screen.ops.size() - 4].substr(0, 5), "Line ");
+  EXPECT_EQ(session.forward_runs, 0);
   tab.Combo1.ListIndex(2);  // 10
   tab.Combo2.ListIndex(0);  // 10
   tab.Command11_Click();
@@ -130,17 +136,6 @@ TEST_F(SetupTabTest, RedrawReadsTheRangesBackAsValuesAndExponents) {
   EXPECT_EQ(forms.log.back(), "fill sheet");
   // The frame was drawn for the new ranges.
   EXPECT_EQ(screen.ops[3], "Scale -1.0799 6.2001 3.4000 -2.8000");
-}
-
-TEST_F(SetupTabTest, RedrawWithoutACurveShowsTheFrameAndTheMarksAlone) {
-  s.FieldCount = 1;
-  s.FieldTable(1, 1) = 10.0;
-  s.FieldTable(1, 2) = 100.0;
-  drawing.attach();
-  redraw();
-  EXPECT_EQ(screen.ops.back(), "MousePointer 2");
-  EXPECT_EQ(screen.ops[screen.ops.size() - 4].substr(0, 5), "Line ");
-  EXPECT_EQ(session.forward_runs, 0);
 }
 
 TEST_F(SetupTabTest, RedrawComputesTheCurrentModelAndReplaysTheStoredOnes) {
