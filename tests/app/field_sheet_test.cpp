@@ -34,6 +34,7 @@ TEST_F(SheetBuild, CaptionsFollowTheLanguageAndHeadersTheArray) {
   EXPECT_EQ(cell(50, 0), " 50");
 }
 
+// A spread file gives at most 51 rows and what precedes a damaged row.
 TEST_F(SheetBuild, NewSoundingTakesTheSpacingsOfItsArray) {
   write("data/DATAVES.TXT", "0.5,1\r\n0.5,2\r\n2.5,10\r\n");
   sheet.BuildGrid.set_text(7, 1, "old");
@@ -43,6 +44,18 @@ TEST_F(SheetBuild, NewSoundingTakesTheSpacingsOfItsArray) {
   EXPECT_EQ(cell(7, 1), "");
   EXPECT_DOUBLE_EQ(table(3, 1), 2.5);  // held where Compute will replace them
   EXPECT_DOUBLE_EQ(table(3, 3), 10);
+  std::string rows;
+  for (int i = 1; i <= 60; ++i) rows += "1," + std::to_string(i) + "\r\n";
+  write("data/DATAVES.TXT", rows);
+  sheet.Load_build();
+  EXPECT_EQ(cell(50, 2), " 50");
+  EXPECT_DOUBLE_EQ(table(51, 3), 51);
+  s.FieldTable.erase();
+  write("data/DATAVES.TXT", "1,2\r\n1,x\r\n1,9\r\n");
+  sheet.refill();
+  EXPECT_EQ(cell(1, 2), " 2");
+  EXPECT_EQ(cell(2, 1), " 1");  // the row cut by the damage shows its first number
+  EXPECT_EQ(cell(3, 2), "");
 
   // The Wenner file has one number a row, and it lands in column 2.
   s.Spread = SpreadType::Wenner;
@@ -59,22 +72,6 @@ TEST_F(SheetBuild, NewSoundingTakesTheSpacingsOfItsArray) {
   s.SpreadTag = "0";
   sheet.Load_build();
   EXPECT_EQ(cell(1, 2), " 3");
-}
-
-TEST_F(SheetBuild, ASpreadFileReadsAtMost51RowsAndKeepsWhatPrecedesDamage) {
-  std::string rows;
-  for (int i = 1; i <= 60; ++i) rows += "1," + std::to_string(i) + "\r\n";
-  write("data/DATAVES.TXT", rows);
-  sheet.Load_build();
-  EXPECT_EQ(cell(50, 2), " 50");
-  EXPECT_DOUBLE_EQ(table(51, 3), 51);
-
-  s.FieldTable.erase();
-  write("data/DATAVES.TXT", "1,2\r\n1,x\r\n1,9\r\n");
-  sheet.refill();
-  EXPECT_EQ(cell(1, 2), " 2");
-  EXPECT_EQ(cell(2, 1), " 1");  // the row cut by the damage shows its first number
-  EXPECT_EQ(cell(3, 2), "");
 }
 
 // An unnamed sounding becomes NEW, once; a missing spread file leaves an empty sheet, silently. A

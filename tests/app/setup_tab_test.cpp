@@ -179,7 +179,7 @@ TEST_F(SetupTabTest, RedrawComputesTheCurrentModelAndReplaysTheStoredOnes) {
   EXPECT_EQ(s.SuperposeCurve, -1);
 }
 
-TEST_F(SetupTabTest, ColourButtonsKeepTheirTitlesAndPaintTheSamples) {
+TEST_F(SetupTabTest, ColourButtonsTheHintsAndTheColourGridQuestion) {
   dialogs.colours = {11, 12, 13, 14, 15, 16};
   for (auto click :
        {&SetupTab::Command4_Click, &SetupTab::Command5_Click, &SetupTab::Command6_Click,
@@ -199,9 +199,7 @@ TEST_F(SetupTabTest, ColourButtonsKeepTheirTitlesAndPaintTheSamples) {
   // Cancel cancels nothing: the dialog's cleared colour is taken.
   tab.Command6_Click();
   EXPECT_EQ(s.ModelColour, 0);
-}
 
-TEST_F(SetupTabTest, HintsAndTheColourGridQuestion) {
   use_language('F');
   tab.Picture4_MouseMove();
   EXPECT_EQ(Text1.Text, "Nouveau SE ou corrections");
