@@ -34,8 +34,9 @@ TEST_F(SheetBuild, CaptionsFollowTheLanguageAndHeadersTheArray) {
   EXPECT_EQ(cell(50, 0), " 50");
 }
 
+// A spread file gives at most 51 rows and what precedes a damaged row.
 TEST_F(SheetBuild, NewSoundingTakesTheSpacingsOfItsArray) {
-  spread_file("DATAVES.TXT", "0.5,1\r\n0.5,2\r\n2.5,10\r\n");
+  write("data/DATAVES.TXT", "0.5,1\r\n0.5,2\r\n2.5,10\r\n");
   sheet.BuildGrid.set_text(7, 1, "old");
   sheet.Load_build();
   EXPECT_EQ(cell(1, 1), " .5");
@@ -43,11 +44,23 @@ TEST_F(SheetBuild, NewSoundingTakesTheSpacingsOfItsArray) {
   EXPECT_EQ(cell(7, 1), "");
   EXPECT_DOUBLE_EQ(table(3, 1), 2.5);  // held where Compute will replace them
   EXPECT_DOUBLE_EQ(table(3, 3), 10);
+  std::string rows;
+  for (int i = 1; i <= 60; ++i) rows += "1," + std::to_string(i) + "\r\n";
+  write("data/DATAVES.TXT", rows);
+  sheet.Load_build();
+  EXPECT_EQ(cell(50, 2), " 50");
+  EXPECT_DOUBLE_EQ(table(51, 3), 51);
+  s.FieldTable.erase();
+  write("data/DATAVES.TXT", "1,2\r\n1,x\r\n1,9\r\n");
+  sheet.refill();
+  EXPECT_EQ(cell(1, 2), " 2");
+  EXPECT_EQ(cell(2, 1), " 1");  // the row cut by the damage shows its first number
+  EXPECT_EQ(cell(3, 2), "");
 
   // The Wenner file has one number a row, and it lands in column 2.
   s.Spread = SpreadType::Wenner;
   s.SpreadTag = "2";
-  spread_file("DATAWEN.TXT", "1\r\n2\r\n5\r\n");
+  write("data/DATAWEN.TXT", "1\r\n2\r\n5\r\n");
   sheet.Load_build();
   EXPECT_EQ(cell(3, 2), " 5");
   EXPECT_EQ(cell(3, 1), " 0");  // the number text of an empty column 1
@@ -61,24 +74,9 @@ TEST_F(SheetBuild, NewSoundingTakesTheSpacingsOfItsArray) {
   EXPECT_EQ(cell(1, 2), " 3");
 }
 
-TEST_F(SheetBuild, ASpreadFileReadsAtMost51RowsAndKeepsWhatPrecedesDamage) {
-  std::string rows;
-  for (int i = 1; i <= 60; ++i) rows += "1," + std::to_string(i) + "\r\n";
-  spread_file("DATAVES.TXT", rows);
-  sheet.Load_build();
-  EXPECT_EQ(cell(50, 2), " 50");
-  EXPECT_DOUBLE_EQ(table(51, 3), 51);
-
-  s.FieldTable.erase();
-  spread_file("DATAVES.TXT", "1,2\r\n1,x\r\n1,9\r\n");
-  sheet.refill();
-  EXPECT_EQ(cell(1, 2), " 2");
-  EXPECT_EQ(cell(2, 1), " 1");  // the row cut by the damage shows its first number
-  EXPECT_EQ(cell(3, 2), "");
-}
-
-// An unnamed sounding becomes NEW, once; a missing spread file leaves an empty sheet, silently.
-TEST_F(SheetBuild, AMissingSpreadFileLeavesAnEmptySheetNamedNewOnce) {
+// An unnamed sounding becomes NEW, once; a missing spread file leaves an empty sheet, silently. A
+// named sounding or a resistivity in row one is then filled from the table.
+TEST_F(SheetBuild, AMissingSpreadFileLeavesAnEmptySheetNamedNewOnceThenTheTableFillsIt) {
   sheet.BuildGrid.set_text(2, 2, "old");
   EXPECT_NO_THROW(sheet.Load_build());
   EXPECT_EQ(cell(2, 2), "");
@@ -89,11 +87,8 @@ TEST_F(SheetBuild, AMissingSpreadFileLeavesAnEmptySheetNamedNewOnce) {
   sheet.Load_build();
   EXPECT_EQ(sheet_forms.caption, "");
   EXPECT_FALSE(s.ModelEverComputed);
-}
 
-TEST_F(SheetBuild, ANamedSoundingOrAResistivityInRowOneIsFilledFromTheTable) {
-  spread_file("DATAVES.TXT", "0.5,1\r\n");
-  s.FileName = "NEW";
+  write("data/DATAVES.TXT", "0.5,1\r\n");
   s.FieldCount = 1;
   s.FieldTable(1, 1) = 3.0;
   s.FieldTable(1, 2) = 55.0;
@@ -107,7 +102,7 @@ TEST_F(SheetBuild, ANamedSoundingOrAResistivityInRowOneIsFilledFromTheTable) {
 }
 
 TEST_F(SheetBuild, NewSevEmptiesTheSoundingButKeepsLocationAndCounts) {
-  spread_file("DATAVES.TXT", "0.5,1\r\n0.5,2\r\n");
+  write("data/DATAVES.TXT", "0.5,1\r\n0.5,2\r\n");
   s.FileName = "old.TX3";
   s.FieldCount = 12;
   s.DataOrigin = "PASI";

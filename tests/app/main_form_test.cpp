@@ -47,7 +47,7 @@ class MainFormTest : public testing::SessionTest {
 };
 
 // Without a language or axes in the settings: English and the default axes.
-TEST_F(MainFormTest, StartUpIsEnglishWithTheDefaultAxesAndShowsTheStartWindow) {
+TEST_F(MainFormTest, StartUpIsEnglishWithTheDefaultAxesAndTheStartWindowsButtons) {
   Application& a = started("[File]\r\nFile 1=/data/a.TX3\r\nFile 5=/data/e.TX3\r\n");
   EXPECT_TRUE(dialogs.messages.empty());
   EXPECT_TRUE(a.s.Language.English);
@@ -60,6 +60,36 @@ TEST_F(MainFormTest, StartUpIsEnglishWithTheDefaultAxesAndShowsTheStartWindow) {
   EXPECT_EQ(a.main.Combo6.ListCount(), 4);
   EXPECT_EQ(a.main.Text4.Text, "Schlumberger");
   EXPECT_EQ(a.setup.Combo1.ListIndex(), 0);  // the setup tab is filled
+
+  // The start window's buttons: a new sounding, an open one (Cancel first), the last file again.
+  a.s.FieldTable(1, 1) = Cell(3.0);
+  a.frmSplash.Command2_Click();
+  EXPECT_FALSE(a.frmSplash.visible);
+  EXPECT_EQ(a.s.FieldTable(1, 1).num(), 0);
+  EXPECT_EQ(forms.tab, kSheetTab);
+
+  a.frmSplash.Show();
+  a.frmSplash.Command4_Click();  // Cancel: the start window stays for another choice
+  EXPECT_TRUE(a.frmSplash.visible);
+  dialogs.open_choices = {{sample("three_layers.TX3")}};
+  a.frmSplash.Command4_Click();
+  EXPECT_FALSE(a.frmSplash.visible);
+  EXPECT_EQ(a.s.FileName, "three_layers.TX3");
+
+  a.frmSplash.Show();
+  a.s.FieldTable.erase();
+  a.frmSplash.Command3_Click();  // the last file again
+  EXPECT_FALSE(a.frmSplash.visible);
+  EXPECT_GT(a.s.FieldCount, 10);
+  EXPECT_EQ(a.s.FieldTable(1, 1).num(), 1);
+
+  // The SEV profile without soundings stops with a message.
+  a.main.SSTab1_Click(5);
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_EQ(dialogs.messages[0].text, "First, you must load SEV files");
+  a.main.SEV_Grid.set_text(1, 1, "A.TX3");
+  a.main.SSTab1_Click(5);
+  EXPECT_EQ(dialogs.messages.size(), 1u);
 }
 
 TEST_F(MainFormTest, StartWindowCaptionsFollowTheLanguageAndGermanStandsInEnglish) {
@@ -161,31 +191,7 @@ TEST_F(MainFormTest, ASettingsFileThatCannotBeWrittenIsSaidOnLeaving) {
   EXPECT_EQ(dialogs.texts().front(), "Recording File Error... /proc/tellux/Tellux6.ini");
 }
 
-TEST_F(MainFormTest, SevProfileWithoutSoundingsShowsTheStopMessage) {
-  Application& a = started();
-  a.main.SSTab1_Click(5);
-  ASSERT_EQ(dialogs.messages.size(), 1u);
-  EXPECT_EQ(dialogs.messages[0].text, "First, you must load SEV files");
-  a.main.SEV_Grid.set_text(1, 1, "A.TX3");
-  a.main.SSTab1_Click(5);
-  EXPECT_EQ(dialogs.messages.size(), 1u);
-}
-
-// The Bilog tab presses the setup tab's redraw only when told to. (The sheet's tab computes: the
-// desktop's test checks it.)
-TEST_F(MainFormTest, TheBilogTabRedrawsWhenMarked) {
-  Application& a = started();
-  open(sample("three_layers.TX3"));
-  Bilog.ops.clear();
-  a.s.SetupRedrawMark = false;
-  a.main.SSTab1_Click(kBilogTab);
-  EXPECT_TRUE(Bilog.ops.empty());
-  a.s.SetupRedrawMark = true;
-  a.main.SSTab1_Click(kBilogTab);
-  EXPECT_FALSE(Bilog.ops.empty());
-}
-
-TEST_F(MainFormTest, ResizeKeepsTheMinimumAndRedrawsTheCurveOnlyAfterASoundingWasOpened) {
+TEST_F(MainFormTest, ResizeAndTheBilogTabRedrawTheCurveOnlyAfterASoundingWasOpened) {
   // The window's least size is checked on the desktop; the diagram's width here.
   EXPECT_EQ(main_layout(9000, 5000).bilog_width, 9924);  // 0.98 of 0.97, each step rounded
   Application& a = started();
@@ -196,11 +202,19 @@ TEST_F(MainFormTest, ResizeKeepsTheMinimumAndRedrawsTheCurveOnlyAfterASoundingWa
   a.main.Form_Resize(16000, 12000);
   EXPECT_EQ(a.session.forward_runs, runs + 1);
   EXPECT_EQ(Bilog.MousePointer(), kPointerCross);
+  Bilog.ops.clear();
+  a.s.SetupRedrawMark = false;
+  a.main.SSTab1_Click(kBilogTab);
+  EXPECT_TRUE(Bilog.ops.empty());
+  a.s.SetupRedrawMark = true;
+  a.main.SSTab1_Click(kBilogTab);
+  EXPECT_FALSE(Bilog.ops.empty());
   // A sounding without a model: the frame and its points, no flat curve of an empty model.
+  const long runs_now = a.session.forward_runs;
   open(sample("three_layers_nomodel.TX3"));
   a.s.ModelComputed = 0;
   a.main.Form_Resize(15000, 12000);
-  EXPECT_EQ(a.session.forward_runs, runs + 1);
+  EXPECT_EQ(a.session.forward_runs, runs_now);
 }
 
 TEST_F(MainFormTest, LanguageBoxSetsOneFlagClosesTheModelWindowAndRecaptions) {
@@ -265,30 +279,6 @@ TEST_F(LeavingTest, CancelGoesOnYesEndsAndNoSavesTheSoundingFirst) {
   EXPECT_EQ(dialogs.messages.size(), 2u);  // the leaving question, then the writer's
   EXPECT_TRUE(std::filesystem::exists(copy));
   EXPECT_TRUE(std::filesystem::exists(ini));
-}
-
-TEST_F(MainFormTest, StartWindowButtons) {
-  Application& a = started();
-  a.s.FieldTable(1, 1) = Cell(3.0);
-  a.frmSplash.Command2_Click();
-  EXPECT_FALSE(a.frmSplash.visible);
-  EXPECT_EQ(a.s.FieldTable(1, 1).num(), 0);
-  EXPECT_EQ(forms.tab, kSheetTab);
-
-  a.frmSplash.Show();
-  a.frmSplash.Command4_Click();  // Cancel: the start window stays for another choice
-  EXPECT_TRUE(a.frmSplash.visible);
-  dialogs.open_choices = {{sample("three_layers.TX3")}};
-  a.frmSplash.Command4_Click();
-  EXPECT_FALSE(a.frmSplash.visible);
-  EXPECT_EQ(a.s.FileName, "three_layers.TX3");
-
-  a.frmSplash.Show();
-  a.s.FieldTable.erase();
-  a.frmSplash.Command3_Click();  // the last file again
-  EXPECT_FALSE(a.frmSplash.visible);
-  EXPECT_GT(a.s.FieldCount, 10);
-  EXPECT_EQ(a.s.FieldTable(1, 1).num(), 1);
 }
 
 }  // namespace

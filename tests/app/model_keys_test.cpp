@@ -8,11 +8,14 @@
 namespace tellux::testing {
 namespace {
 
+using Rows = std::vector<std::pair<const char*, const char*>>;
+const Rows kThree = {{"100  ", "5  "}, {"20  ", "10  "}, {"500  ", ""}};
+
 class ModelKeysTest : public ModelWindowTest {
  protected:
   void SetUp() override {
     ModelWindowTest::SetUp();
-    grid_rows({{"100  ", "5  "}, {"20  ", "10  "}, {"500  ", ""}});
+    grid_rows(kThree);
     window.ReadModelGrid();
   }
   std::vector<std::string> all_cells() const {
@@ -84,31 +87,23 @@ TEST_F(ModelKeysTest, InsertAndDeleteShiftTheRowsTheirDepthsAndTheirLocks) {
   const struct {
     int row;
     bool insert;
-    std::vector<std::tuple<int, int, const char*>> cells;
     int lock_row;
     int16_t layers;
+    std::vector<std::tuple<int, int, const char*>> cells;
   } cases[] = {
       // The new layer, 1 m thick, starts where the old one did and pushes the others down.
-      {2,
-       true,
-       {{2, 0, "100  "},
-        {2, 1, "1  "},
-        {2, 2, "5  "},
-        {3, 0, "20  "},
-        {3, 3, "94  "},
-        {4, 2, "16  "}},
-       4,
-       4},
-      {1, true, {{1, 2, ""}, {2, 0, "100  "}, {2, 2, "1  "}, {3, 2, "6  "}}, 4, 4},
+      {2, true, 4, 4, {{2, 0, "100  "}, {2, 1, "1  "}, {2, 2, "5  "}}},
+      {2, true, 4, 4, {{3, 0, "20  "}, {3, 3, "94  "}, {4, 2, "16  "}}},
+      {1, true, 4, 4, {{1, 2, ""}, {2, 0, "100  "}, {2, 2, "1  "}, {3, 2, "6  "}}},
       // The altitude rises by the thickness taken out.
-      {2, false, {{2, 0, "500  "}, {2, 1, ""}, {2, 2, "5  "}, {2, 3, "95  "}, {3, 0, ""}}, 2, 2},
-      {1, false, {{1, 0, "20  "}, {1, 2, ""}, {2, 2, "10  "}}, 2, 2},
+      {2, false, 2, 2, {{2, 0, "500  "}, {2, 1, ""}, {2, 2, "5  "}, {2, 3, "95  "}, {3, 0, ""}}},
+      {1, false, 2, 2, {{1, 0, "20  "}, {1, 2, ""}, {2, 2, "10  "}}},
       // The last layer: the one above becomes the half space.
-      {3, false, {{3, 0, ""}, {3, 2, ""}, {2, 1, ""}}, 0, 2},
+      {3, false, 0, 2, {{3, 0, ""}, {3, 2, ""}, {2, 1, ""}}},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(std::to_string(c.row) + (c.insert ? " insert" : " delete"));
-    grid_rows({{"100  ", "5  "}, {"20  ", "10  "}, {"500  ", ""}});
+    grid_rows(kThree);
     Z.Text = "100";
     window.ReadModelGrid();
     s.LayerLocks.erase();
@@ -152,40 +147,28 @@ TEST_F(ModelKeysTest, InsertingBelowTheModelOrWithTwentyLayersBeeps) {
 
 // A typed grid read into the record and shown again: the cells then shown.
 TEST_F(ModelKeysTest, TheGridShowsWhatItReadOfTheTypedModel) {
-  using Rows = std::vector<std::pair<const char*, const char*>>;
+  const Rows kRounded = {{"123.4  ", "1.234  "}, {"", "12.34  "}, {"0.25  ", ""}},
+             kHalves = {{"100  ", "3  "}, {"20  ", "2.5  "}, {"500  ", ""}},
+             kDeeper = {{"100  ", "5.2  "}, {"20  ", "10  "}, {"500  ", ""}};
   const struct {
-    Rows rows;
     const char* z;
     int16_t decimals, layers;
+    Rows rows;
     std::vector<std::tuple<int, int, const char*>> cells;
   } cases[] = {
       // The last resistivity without a thickness is the half space; the grid shows the depths of
       // the tops, none for the surface, and no altitude without an elevation.
-      {{{"100  ", "5  "}, {"20  ", "10  "}, {"500  ", ""}},
-       "",
-       0,
-       3,
-       {{1, 2, ""}, {2, 2, "5  "}, {3, 2, "15  "}, {3, 1, ""}, {1, 3, ""}}},
+      {"", 0, 3, kThree, {{1, 2, ""}, {2, 2, "5  "}, {3, 2, "15  "}, {3, 1, ""}, {1, 3, ""}}},
       // Rows below the half space are dropped.
-      {{{"100  ", "5  "}, {"20  ", ""}, {"500  ", "7  "}}, "", 0, 2, {{3, 0, ""}, {3, 1, ""}}},
+      {"", 0, 2, {{"100  ", "5  "}, {"20  ", ""}, {"500  ", "7  "}}, {{3, 0, ""}, {3, 1, ""}}},
       // Rounded as read; a blank resistivity with a thickness gets the least value.
-      {{{"123.4  ", "1.234  "}, {"", "12.34  "}, {"0.25  ", ""}},
-       "",
-       0,
-       3,
-       {{1, 0, "123  "}, {1, 1, "1.2  "}, {2, 1, "12  "}, {2, 0, ".001  "}, {3, 0, ".25  "}}},
+      {"", 0, 3, kRounded, {{1, 0, "123  "}, {1, 1, "1.2  "}, {2, 1, "12  "}}},
+      {"", 0, 3, kRounded, {{2, 0, ".001  "}, {3, 0, ".25  "}}},
       // Thicknesses take the decimals of the setup; resistivities are plain text.
-      {{{"100  ", "3  "}, {"20  ", "2.5  "}, {"500  ", ""}},
-       "",
-       2,
-       3,
-       {{1, 1, "3.00  "}, {2, 1, "2.50  "}, {3, 2, "5.50  "}, {1, 0, "100  "}}},
+      {"", 2, 3, kHalves, {{1, 1, "3.00  "}, {2, 1, "2.50  "}, {3, 2, "5.50  "}, {1, 0, "100  "}}},
       // The depth of 15.2 is shown whole (15), and the altitude is worked out from that.
-      {{{"100  ", "5.2  "}, {"20  ", "10  "}, {"500  ", ""}},
-       "250.4",
-       0,
-       3,
-       {{1, 3, "250.4  "}, {2, 3, "245.2  "}, {3, 2, "15  "}, {3, 3, "235.4  "}, {4, 3, ""}}},
+      {"250.4", 0, 3, kDeeper, {{1, 3, "250.4  "}, {2, 3, "245.2  "}, {3, 2, "15  "}}},
+      {"250.4", 0, 3, kDeeper, {{3, 3, "235.4  "}, {4, 3, ""}}},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.rows[0].first + std::string(c.z));

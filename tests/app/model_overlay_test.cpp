@@ -52,20 +52,9 @@ TEST_F(ModelOverlayTest, WithoutTheBoxEachComputeEmptiesTheStoreAndWithItKeepsTh
   EXPECT_EQ(Name.Text, "SAMPLE, SAMPLE, SAMPLE");
 }
 
-TEST_F(ModelOverlayTest, TheStoreHoldsTwentyModels) {
-  window.Check18_Click(1);
-  s.HistoryLast = 18;
-  compute_with_second_layer("30");
-  EXPECT_EQ(s.HistoryLast, 19);
-  EXPECT_TRUE(dialogs.messages.empty());
-  compute_with_second_layer("40");
-  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Maximum 20 soundings superposed"});
-  EXPECT_EQ(dialogs.messages[0].icon, Icon::Exclamation);
-  EXPECT_EQ(s.HistoryLast, 19);
-}
-
-// A reading that stored the model holds the next slot; a one-layer model is not superposed.
-TEST_F(ModelOverlayTest, AHeldSlotOrAOneLayerModelIsNotStored) {
+// A reading that stored the model holds the next slot; a one-layer model is not superposed; the
+// store holds twenty models.
+TEST_F(ModelOverlayTest, AHeldSlotOrAOneLayerModelIsNotStoredAndTheStoreHoldsTwenty) {
   s.OverlayHold = 1;
   overlay({"30"});
   EXPECT_EQ(s.HistoryLast, 0);
@@ -76,6 +65,16 @@ TEST_F(ModelOverlayTest, AHeldSlotOrAOneLayerModelIsNotStored) {
   compute_with_second_layer("50");
   EXPECT_EQ(s.HistoryLast, 0);
   EXPECT_EQ(s.LayerHistory[1](2, 1).num(), 0);
+
+  s.LayerCount = 3;
+  s.HistoryLast = 18;
+  compute_with_second_layer("30");
+  EXPECT_EQ(s.HistoryLast, 19);
+  EXPECT_TRUE(dialogs.messages.empty());
+  compute_with_second_layer("40");
+  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Maximum 20 soundings superposed"});
+  EXPECT_EQ(dialogs.messages[0].icon, Icon::Exclamation);
+  EXPECT_EQ(s.HistoryLast, 19);
 }
 
 // A step redraws every curve (the session's walk counts them) and brings the chosen model to the
@@ -145,7 +144,7 @@ TEST_F(ModelSessionTest, TypeSuperposeAndWalk) {
   for (auto [row, col, typed] : cells) type(row, col, typed);
   window.Calcul_Button_Click();
   EXPECT_EQ(s.LayerCount, 4);
-  EXPECT_EQ(depth(4), 25);
+  EXPECT_EQ(s.LayerModel(4, 3).num(), 25);
   EXPECT_EQ(Name.Text, "fit_synthetic_3layer");
 
   // Three variants of the deepest layer, each kept on the diagram.

@@ -81,7 +81,6 @@ class ModelWindowTest : public SessionTest {
 
   const std::string& cell(int r, int c) const { return window.Grid1.text(r, c); }
   double rho(int r) const { return s.LayerModel(r, 1).num(); }
-  double depth(int r) const { return s.LayerModel(r, 3).num(); }
 
   // Strokes started on the diagram in `colour` since the surface was last emptied.
   long strokes(int colour) const {

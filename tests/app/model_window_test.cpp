@@ -1,4 +1,6 @@
 // The model window as a whole: its load, its buttons and captions, and the menu commands.
+#include <tuple>
+
 #include "core/runtime/number_text.h"
 #include "core/sounding_file.h"
 #include "model/automatic_model.h"
@@ -7,10 +9,13 @@
 namespace tellux::testing {
 namespace {
 
+// The captions follow the language at each load; German shows the English texts.
 TEST_F(ModelWindowTest, OpeningTheWindowShowsTheModelComputesItsCurveAndSetsTheControls) {
   sounding();
   s.LayerLocks[2] = 3;  // locks do not survive a load
+  use_language('F');
   window.Form_Load();
+  EXPECT_EQ(window.Caption, "Traçage modèle");
   EXPECT_EQ(cell(3, 2), "25  ");
   EXPECT_EQ(s.LayerLocks[2], 0);
   EXPECT_FALSE(s.ModelOutdated);
@@ -22,7 +27,10 @@ TEST_F(ModelWindowTest, OpeningTheWindowShowsTheModelComputesItsCurveAndSetsTheC
   // The slider and the overlay box follow the record at the load, and set it.
   s.ModelSensitivity = 0.3;
   s.SuperposeCurve = 1;
+  use_language('A');
   window.Form_Load();
+  EXPECT_EQ(window.Ajuste_Button.Caption, "&Fitting");
+  EXPECT_EQ(window.Label2.Caption, "L");
   EXPECT_EQ(window.Slider1.Value, 3);
   EXPECT_EQ(window.Check18.Value, 1);
   window.Slider1_Change(0);
@@ -32,32 +40,6 @@ TEST_F(ModelWindowTest, OpeningTheWindowShowsTheModelComputesItsCurveAndSetsTheC
   EXPECT_EQ(s.SuperposeCurve, -1);
   window.Form_Load();
   EXPECT_EQ(window.Check18.Value, 0);
-}
-
-TEST_F(ModelWindowTest, AnAutomaticModelIsFittedWhenTheWindowOpens) {
-  sounding();
-  s.LayerModel.erase();
-  AutomaticModel(ws);
-  ASSERT_EQ(s.WorkMode, mode::kAutomatic);
-  ws.forward_runs = 0;
-  window.Form_Load();
-  EXPECT_GT(ws.forward_runs, 20);  // the fit ran
-  EXPECT_EQ(s.WorkMode, "");
-  EXPECT_NEAR(rho(1), 100, 10);
-}
-
-// One caption per language family; German shows the English texts.
-TEST_F(ModelWindowTest, CaptionsFollowTheLanguage) {
-  use_language('F');
-  window.set_captions();
-  EXPECT_EQ(window.Caption, "Traçage modèle");
-  use_language('S');
-  window.set_captions();
-  EXPECT_EQ(window.Calcul_Button.Caption, "&Computar");
-  use_language('A');
-  window.set_captions();
-  EXPECT_EQ(window.Ajuste_Button.Caption, "&Fitting");
-  EXPECT_EQ(window.Label2.Caption, "L");
 }
 
 TEST_F(ModelWindowTest, SavingWritesTheGridsModel) {
@@ -85,6 +67,7 @@ TEST_F(ModelWindowTest, TheShiftShowsBesideTheNameAndAMissingFirstThicknessStops
   s.ShiftCurves = 1;
   use_language('S');
   window.Form_Load();
+  EXPECT_EQ(window.Calcul_Button.Caption, "&Computar");
   EXPECT_EQ(Text3.Text, "Empalmes compens.");
   s.ShiftCurves = 0;
   window.Calcul_Button_Click();
@@ -107,11 +90,9 @@ TEST_F(ModelWindowTest, TheModelComputeAndFitMenusWorkThroughTheWindow) {
   sounding();
   window.menu_compute();  // the window opens, its load computes
   EXPECT_TRUE(window.loaded());
-  type(1, 0, "80");
-  type(1, 1, "4");
-  type(2, 0, "30");
-  type(2, 1, "15");
-  type(3, 0, "250");
+  for (auto [r, c, typed] :
+       {std::tuple{1, 0, "80"}, {1, 1, "4"}, {2, 0, "30"}, {2, 1, "15"}, {3, 0, "250"}})
+    type(r, c, typed);
   window.menu_compute();
   EXPECT_EQ(rho(3), 250);
   EXPECT_EQ(wforms.model_window_shown, 1);
@@ -124,6 +105,15 @@ TEST_F(ModelWindowTest, TheModelComputeAndFitMenusWorkThroughTheWindow) {
   window.menu_model();
   EXPECT_GE(s.LayerCount, 2);
   EXPECT_NE(cell(1, 0), "");
+
+  s.LayerModel.erase();  // an automatic model is fitted when the window loads
+  AutomaticModel(ws);
+  ASSERT_EQ(s.WorkMode, mode::kAutomatic);
+  ws.forward_runs = 0;
+  window.Form_Load();
+  EXPECT_GT(ws.forward_runs, 20);  // the fit ran
+  EXPECT_EQ(s.WorkMode, "");
+  EXPECT_NEAR(rho(1), 100, 10);
 }
 
 }  // namespace

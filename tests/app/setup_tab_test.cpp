@@ -90,13 +90,19 @@ TEST_F(SetupTabTest, LoadParameterSetsTheListsFromTheExponents) {
 }
 
 // An exponent outside the items leaves the list unchosen and the range as it was; no decade on
-// the abscissa does not stop the redraw.
+// the abscissa does not stop the redraw. Without a curve the frame and the marks are drawn alone.
 TEST_F(SetupTabTest, RangesOutsideTheListsOrWithoutADecade) {
+  s.FieldCount = 1;
+  s.FieldTable(1, 1) = 10.0;
+  s.FieldTable(1, 2) = 100.0;
+  drawing.attach();
   s.DecadeEnd = 7;
-  tab.Load_parameter();
+  redraw();
   EXPECT_EQ(tab.Combo2.ListIndex(), -1);
-  tab.Command11_Click();
   EXPECT_EQ(s.DecadeEnd, 7);
+  EXPECT_EQ(screen.ops.back(), "MousePointer 2");
+  EXPECT_EQ(screen.ops[screen.ops.size() - 4].substr(0, 5), "Line ");
+  EXPECT_EQ(session.forward_runs, 0);
   tab.Combo1.ListIndex(2);  // 10
   tab.Combo2.ListIndex(0);  // 10
   tab.Command11_Click();
@@ -130,17 +136,6 @@ TEST_F(SetupTabTest, RedrawReadsTheRangesBackAsValuesAndExponents) {
   EXPECT_EQ(forms.log.back(), "fill sheet");
   // The frame was drawn for the new ranges.
   EXPECT_EQ(screen.ops[3], "Scale -1.0799 6.2001 3.4000 -2.8000");
-}
-
-TEST_F(SetupTabTest, RedrawWithoutACurveShowsTheFrameAndTheMarksAlone) {
-  s.FieldCount = 1;
-  s.FieldTable(1, 1) = 10.0;
-  s.FieldTable(1, 2) = 100.0;
-  drawing.attach();
-  redraw();
-  EXPECT_EQ(screen.ops.back(), "MousePointer 2");
-  EXPECT_EQ(screen.ops[screen.ops.size() - 4].substr(0, 5), "Line ");
-  EXPECT_EQ(session.forward_runs, 0);
 }
 
 TEST_F(SetupTabTest, RedrawComputesTheCurrentModelAndReplaysTheStoredOnes) {
@@ -184,7 +179,7 @@ TEST_F(SetupTabTest, RedrawComputesTheCurrentModelAndReplaysTheStoredOnes) {
   EXPECT_EQ(s.SuperposeCurve, -1);
 }
 
-TEST_F(SetupTabTest, ColourButtonsKeepTheirTitlesAndPaintTheSamples) {
+TEST_F(SetupTabTest, ColourButtonsTheHintsAndTheColourGridQuestion) {
   dialogs.colours = {11, 12, 13, 14, 15, 16};
   for (auto click :
        {&SetupTab::Command4_Click, &SetupTab::Command5_Click, &SetupTab::Command6_Click,
@@ -204,9 +199,7 @@ TEST_F(SetupTabTest, ColourButtonsKeepTheirTitlesAndPaintTheSamples) {
   // Cancel cancels nothing: the dialog's cleared colour is taken.
   tab.Command6_Click();
   EXPECT_EQ(s.ModelColour, 0);
-}
 
-TEST_F(SetupTabTest, HintsAndTheColourGridQuestion) {
   use_language('F');
   tab.Picture4_MouseMove();
   EXPECT_EQ(Text1.Text, "Nouveau SE ou corrections");

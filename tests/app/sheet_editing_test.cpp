@@ -139,7 +139,7 @@ TEST_F(SheetEditing, InsertLineNeedsASpacingAddsARowAtOneAndLosesTheUnshiftedVal
 using TypedSounding = SheetTest;
 
 TEST_F(TypedSounding, GivesTheRecordAndTheFileAUserExpects) {
-  spread_file("DATAVES.TXT", "0.5,1\r\n0.5,2\r\n0.5,3\r\n2.5,5\r\n2.5,8\r\n");
+  write("data/DATAVES.TXT", "0.5,1\r\n0.5,2\r\n0.5,3\r\n2.5,5\r\n2.5,8\r\n");
   sheet.New_SEV();
   ASSERT_EQ(cell(5, 2), " 8");
 

@@ -41,11 +41,6 @@ class SheetTest : public SessionTest {
     SessionTest::TearDown();
   }
 
-  // A default spread file in the test's data folder.
-  void spread_file(const std::string& name, const std::string& content) {
-    write("data/" + name, content);
-  }
-
   // Types `keys` into the cell: '\b' is the backspace; other characters are sent as typed.
   void type(int row, int col, const std::string& keys) {
     sheet.BuildGrid.row = row;
