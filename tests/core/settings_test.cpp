@@ -109,17 +109,14 @@ TEST_F(SettingsFile, KeysFoldTheirCaseAndEachLineKeepsItsOwnEncodingAndBytes) {
 
 // Axis ends below two become four, exponents give rounded powers (0.01 rounds to 0), the
 // resistivity's end in 32 bits.
-TEST_F(SettingsFile, AxisEndsBelowTwoBecomeFourAndExponentsGiveRoundedPowers) {
+TEST_F(SettingsFile, AxisEndsDamagedValuesAndLongValues) {
   load("[Tellux]\nAB2min=1\nAB2max=1\nRHOmin=-2\nRHOmax=0\n");
   EXPECT_EQ(std::tuple(s.AB2min, s.DecadeEnd, s.AB2max, s.RHOmin, s.RhoDecadeStart, s.RhoDecadeEnd,
                        s.RHOmax),
             std::tuple(10, 4, 10000, 0, -2, 4, 10000));
   load("[Tellux]\nRHOmax=5\n");
   EXPECT_EQ(s.RHOmax, 100000);
-}
-
-// Amplitudes are rounded half to even.
-TEST_F(SettingsFile, DamagedValuesKeepTheirDefaultsAndLongValuesAreWhole) {
+  // Damaged values keep their defaults, long values are whole, amplitudes round half to even.
   std::string long_path;
   while (long_path.size() < 4090) long_path += "/dossier_é";
   long_path += "/x.TX3";

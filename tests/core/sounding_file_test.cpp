@@ -37,15 +37,21 @@ TEST_F(SoundingFileTest, EachReadKeepsThePreviousModelAndTheLargestSpacing) {
   s.HistoryLast = 20;
   open("short.TX3");
   EXPECT_EQ(s.HistoryLast, 20);  // the last slot is overwritten
-}
-
-// A TXW's ten layer rows empty rows 11 to 20. Its scales, those of the older TX3 layouts, splices
-// and half arrays are the open goldens' (tests/data/open).
-TEST_F(SoundingFileTest, ATxwEmptiesTheLayerRowsBeyondItsTen) {
+  // A TXW's ten layer rows empty rows 11 to 20. Its scales, those of the older TX3 layouts,
+  // splices and half arrays are the open goldens' (tests/data/open).
   std::filesystem::copy_file(TELLUX_TEST_DATA "/open/scales.TXW", path("d.TXW"));
   s.LayerModel(11, 1) = 99.0;
   open("d.TXW", 2);
   EXPECT_TRUE(s.LayerModel(11, 1).empty());
+  // Compute goes to the sheet, or without a file asks for one.
+  s.FileName = "a.TX3";
+  Calcul_TX3(session);
+  EXPECT_EQ(std::tuple(forms.tab, s.WorkMode), std::tuple(1, "NORMAL"));
+  s.FileName.clear();
+  use_language('F');
+  Calcul_TX3(session);
+  EXPECT_EQ(dialogs.texts().back(),
+            "Vous devez d'abord sélectionner un fichier ou entrer des données terrains");
 }
 
 TEST_F(SoundingFileTest, DamagedFilesKeepWhatWasReadAndSayReadingFileError) {
@@ -171,17 +177,6 @@ TEST_F(WriteTest, AFailedWriteStartsAgainOrInBatchWorkStopsAndKeepsTheOldFile) {
   EXPECT_FALSE(write_sounding_file(session, p));
   EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Error al salvar fichero..."});
   EXPECT_EQ(read("keep.TX3"), "old");
-}
-
-TEST_F(SoundingFileTest, CalculTx3GoesToTheSheetOrAsksForAFile) {
-  s.FileName = "a.TX3";
-  Calcul_TX3(session);
-  EXPECT_EQ(std::tuple(forms.tab, s.WorkMode), std::tuple(1, "NORMAL"));
-  s.FileName.clear();
-  use_language('F');
-  Calcul_TX3(session);
-  EXPECT_EQ(dialogs.texts().at(0),
-            "Vous devez d'abord sélectionner un fichier ou entrer des données terrains");
 }
 
 }  // namespace

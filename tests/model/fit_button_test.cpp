@@ -20,12 +20,9 @@ struct FakeWindow : ModelWindowActions {
   }
   void ComputeDepths() override {
     log.push_back("depths");
-    for (int r = 1; r <= 20; ++r) {
-      if (s->LayerModel(r, 2).num() == 0) {
-        s->LayerCount = static_cast<int16_t>(r);
-        return;
-      }
-    }
+    int16_t r = 1;
+    while (r < 20 && s->LayerModel(r, 2).num() != 0) ++r;
+    s->LayerCount = r;
   }
   void update_overlay_store() override { log.push_back("overlay store"); }
   void show_shift_word(const std::string& word) override { log.push_back("+" + word); }

@@ -53,6 +53,14 @@ TEST_F(ForwardTest, TheRangeEndsAlmostHalfADecadePastTheLongestSpacing) {
   EXPECT_EQ(std::tuple(s.ModelCurveLast, s.ModelCurve(29, 2).num(), s.ModelCurve(0, 2).num(),
                        s.MaxAbHalf),
             std::tuple(29, std::pow(10.0, 3.625), 1.0, 1000));
+  // Too many rows stop at the table's end.
+  curve = {};
+  field({{1, 100}, {30000, 100}});
+  s.DecadeStart = -8;
+  ForwardCurve(session);
+  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Calculation error..."});
+  // The failing row was drawn before it was stored.
+  EXPECT_EQ(std::tuple(s.ModelCurveLast, curve.segments.size()), std::tuple(101, 102u));
 }
 
 TEST_F(ForwardTest, DrawsEachRowAndThenTheWholeDiagramOnlyWhenAllowed) {
@@ -96,15 +104,6 @@ TEST_F(ForwardTest, ANoughtResistivityAboveTheBottomIsACalculationError) {
                          curve.pointers, s.ModelOutdated),
               std::tuple(Icon::Exclamation, true, 0, std::vector<int>{kPointerHourglass}, false));
   }
-}
-
-TEST_F(ForwardTest, TooManyRowsStopAtTheTablesEnd) {
-  field({{1, 100}, {30000, 100}});
-  s.DecadeStart = -8;
-  ForwardCurve(session);
-  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Calculation error..."});
-  // The failing row was drawn before it was stored.
-  EXPECT_EQ(std::tuple(s.ModelCurveLast, curve.segments.size()), std::tuple(101, 102u));
 }
 
 // 250.5 rounds to the even neighbour; an overflowing row is passed over.

@@ -121,10 +121,9 @@ TEST_F(CurveDrawingTest, AOneLayerModelStartsOnlyWithALimitOfZero) {
   DrawModelSteps(session, surfaces);
   // Nothing drawn; the table walked to its end sets the width.
   EXPECT_EQ(screen.ops, (std::vector<std::string>{"DrawWidth 1"}));
-}
-
-TEST_F(CurveDrawingTest, RunsBeyondAB2maxAreHeldAtTheRightEdge) {
-  s.AB2max = 100;
+  // Runs beyond AB2max are held at the right edge.
+  screen.ops.clear();
+  std::tie(s.AB2min, s.AB2max, s.RHOmin) = std::tuple(0, 100, 1);
   model({{100, 50}, {20, 200}, {500, 0}});
   DrawModelSteps(session, surfaces);
   EXPECT_TRUE(has_op(screen.ops, "LineTo " + xy(L(100), L(20)) + " 16711935") &&

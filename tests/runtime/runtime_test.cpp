@@ -98,15 +98,13 @@ TEST(NumberText, TheTextOfNumbers) {
 }
 
 // An exponent without digits is not part of the number; the comma is no decimal mark.
-TEST(NumberText, ValReadsTheLeadingNumberAndIgnoresBlanks) {
+TEST(NumberText, ValReadsTheLeadingNumberAndFileTokensAreWholeNumbers) {
   const std::pair<const char*, double> cases[] = {
       {"  12.5abc", 12.5}, {"1 2 3", 123}, {" .5", 0.5}, {"-.25", -0.25},
       {"1.5E+3x", 1500},   {"2D2", 200},   {"3E", 3},    {"&HFF", 255},
       {"&O17", 15},        {"abc", 0},     {"", 0},      {"1,5", 1}};
   for (auto [text, value] : cases) EXPECT_DOUBLE_EQ(Val(text), value) << text;
-}
-
-TEST(NumberText, FileTokensMustBeWholeNumbersAndSinglesSurviveTheRoundTrip) {
+  // File tokens must be whole numbers, and singles survive the round trip.
   EXPECT_EQ(parse_number_token(" 12.5 ") + parse_number_token(""), 12.5);
   for (const char* bad : {"12a", "abc", "1.2.3", "--1", "1,5"})
     EXPECT_EQ(error_of([&] { parse_number_token(bad); }), kTypeMismatch) << bad;
