@@ -20,12 +20,9 @@ struct FakeWindow : ModelWindowActions {
   }
   void ComputeDepths() override {
     log.push_back("depths");
-    for (int r = 1; r <= 20; ++r) {
-      if (s->LayerModel(r, 2).num() == 0) {
-        s->LayerCount = static_cast<int16_t>(r);
-        return;
-      }
-    }
+    int16_t r = 1;
+    while (r < 20 && s->LayerModel(r, 2).num() != 0) ++r;
+    s->LayerCount = r;
   }
   void update_overlay_store() override { log.push_back("overlay store"); }
   void show_shift_word(const std::string& word) override { log.push_back("+" + word); }
@@ -41,10 +38,7 @@ class FitButtonTest : public testing::SessionTest {
  protected:
   void SetUp() override {
     SessionTest::SetUp();
-    window.s = &s;
-    window.grid = &grid;
-    grid.row = 3;
-    grid.col = 1;
+    std::tie(window.s, window.grid, grid.row, grid.col) = std::tuple(&s, &grid, 3, 1);
     s.SuperposeCurve = -1;
     testing::make_sounding(session, {{100, 5}, {20, 20}, {300, 0}}, testing::typical_spacings(25));
     s.LayerModel.erase();
@@ -60,9 +54,7 @@ class FitButtonTest : public testing::SessionTest {
   }
   void click() { Ajuste_Button_Click(watched, grid, window); }
   void expect_grid_place_restored() {
-    EXPECT_EQ(grid.row, 3);
-    EXPECT_EQ(grid.col, 1);
-    EXPECT_TRUE(grid.redraw);
+    EXPECT_EQ(std::tuple(grid.row, grid.col, grid.redraw), std::tuple(3, 1, true));
   }
 
   GridModel grid{22, 4};
@@ -91,11 +83,10 @@ TEST_F(FitButtonTest, TooLittleDataIsRefusedAndNoModelAsksForTheAutomaticOne) {
     dialogs.answers = {Answer::No};
     click();
     ASSERT_EQ(dialogs.messages.size(), 2u);
-    EXPECT_EQ(dialogs.messages[1].text, question);
-    EXPECT_EQ(dialogs.messages[1].buttons, Buttons::YesNo);
+    EXPECT_EQ(std::tuple(dialogs.messages[1].text, dialogs.messages[1].buttons),
+              std::tuple(question, Buttons::YesNo));
   }
-  EXPECT_EQ(s.LayerCount, 0);
-  EXPECT_EQ(refreshing.refreshed, 0);
+  EXPECT_EQ(std::tuple(s.LayerCount, refreshing.refreshed), std::tuple(0, 0));
   s.FieldTable(2, 2) = 0.0f;  // no second field value
   dialogs.messages.clear();
   click();
@@ -108,12 +99,10 @@ TEST_F(FitButtonTest, TooLittleDataIsRefusedAndNoModelAsksForTheAutomaticOne) {
 TEST_F(FitButtonTest, YesBuildsTheAutomaticModelAndFitsIt) {
   dialogs.answers = {Answer::Yes};
   click();
-  EXPECT_EQ(dialogs.messages.size(), 1u);  // the question only
-  EXPECT_GE(s.LayerCount, 2);
-  EXPECT_EQ(window.log, std::vector<std::string>{"frame"});
-  EXPECT_EQ(refreshing.refreshed, 2);  // by the fit and by the button
-  EXPECT_EQ(s.WorkMode, "");
-  EXPECT_FALSE(s.DataSaved);
+  // The question only; the grid refreshed by the fit and by the button.
+  EXPECT_EQ(std::tuple(dialogs.messages.size(), s.LayerCount >= 2, window.log, refreshing.refreshed,
+                       s.WorkMode, s.DataSaved),
+            std::tuple(1u, true, std::vector<std::string>{"frame"}, 2, "", false));
   expect_grid_place_restored();
 }
 
@@ -124,10 +113,8 @@ TEST_F(FitButtonTest, AModelInTheGridIsReadAndFitted) {
   click();
   EXPECT_TRUE(dialogs.messages.empty());
   EXPECT_EQ(window.log, (std::vector<std::string>{"name", "read grid", "depths", "frame"}));
-  EXPECT_EQ(s.LayerCount, 3);
   EXPECT_NE(s.LayerModel(1, 1).num(), 80);  // fitted
-  EXPECT_EQ(s.HistoryBase, 0);
-  EXPECT_EQ(s.WorkMode, "");
+  EXPECT_EQ(std::tuple(s.LayerCount, s.HistoryBase, s.WorkMode), std::tuple(3, 0, ""));
   s.ShiftCurves = 1;
   for (const auto& [letter, word] : {std::pair{'S', "+Empalmes compens."}, std::pair{'F', "+lissé"},
                                      std::pair{'E', "+shifted"}}) {

@@ -50,40 +50,39 @@ TEST_F(ForwardTest, TheRangeEndsAlmostHalfADecadePastTheLongestSpacing) {
   s.DecadeStart = 0;
   ForwardCurve(session);
   // E = ln(1000) x 0.4343 + 0.5 = 3.50004: row 28 (3.5) is still below it, so row 29 is made.
-  EXPECT_EQ(s.ModelCurveLast, 29);
-  EXPECT_DOUBLE_EQ(s.ModelCurve(29, 2), std::pow(10.0, 3.625));
-  EXPECT_DOUBLE_EQ(s.ModelCurve(0, 2), 1.0);
-  EXPECT_EQ(s.MaxAbHalf, 1000);
+  EXPECT_EQ(std::tuple(s.ModelCurveLast, s.ModelCurve(29, 2).num(), s.ModelCurve(0, 2).num(),
+                       s.MaxAbHalf),
+            std::tuple(29, std::pow(10.0, 3.625), 1.0, 1000));
+  // Too many rows stop at the table's end.
+  curve = {};
+  field({{1, 100}, {30000, 100}});
+  s.DecadeStart = -8;
+  ForwardCurve(session);
+  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Calculation error..."});
+  // The failing row was drawn before it was stored.
+  EXPECT_EQ(std::tuple(s.ModelCurveLast, curve.segments.size()), std::tuple(101, 102u));
 }
 
 TEST_F(ForwardTest, DrawsEachRowAndThenTheWholeDiagramOnlyWhenAllowed) {
-  s.ShowErrorCurve = 1;
-  s.ShowModelSteps = 1;
+  s.ShowErrorCurve = s.ShowModelSteps = 1;
   ForwardCurve(session);
   ASSERT_EQ(curve.segments.size(), static_cast<size_t>(s.ModelCurveLast + 1));
-  EXPECT_EQ(curve.error_curves, 1);
-  EXPECT_EQ(curve.steps, 1);
-  EXPECT_EQ(curve.pointers, (std::vector<int>{kPointerHourglass, kPointerCross}));
-  EXPECT_EQ(s.ModelComputed, 1);
-  EXPECT_TRUE(s.ModelEverComputed);
-  EXPECT_FALSE(s.ModelOutdated);
-  EXPECT_FALSE(s.FreshStart);
+  EXPECT_EQ(std::tuple(curve.error_curves, curve.steps, curve.pointers),
+            std::tuple(1, 1, std::vector<int>{kPointerHourglass, kPointerCross}));
+  EXPECT_EQ(std::tuple(s.ModelComputed, s.ModelEverComputed, s.ModelOutdated, s.FreshStart),
+            std::tuple(1, true, false, false));
   // Batch work: the same computation, no drawing, the pointer left on the hourglass.
   curve = {};
   s.WorkMode = mode::kFile;
   ForwardCurve(session);
-  EXPECT_TRUE(curve.segments.empty());
-  EXPECT_EQ(curve.error_curves + curve.steps, 0);
-  EXPECT_EQ(curve.pointers, std::vector<int>{kPointerHourglass});
+  EXPECT_EQ(std::tuple(curve.segments.size() + curve.error_curves + curve.steps, curve.pointers),
+            std::tuple(0u, std::vector<int>{kPointerHourglass}));
   // A nought MaxAbHalf computes nothing.
   curve = {};
-  s.MaxAbHalf = 0;
-  s.ModelCurveLast = 7;
-  s.ModelEverComputed = false;
+  std::tie(s.MaxAbHalf, s.ModelCurveLast, s.ModelEverComputed) = std::tuple(0, 7, false);
   ForwardCurve(session);
-  EXPECT_EQ(s.ModelCurveLast, 7);
-  EXPECT_EQ(curve.pointers, std::vector<int>{kPointerHourglass});
-  EXPECT_TRUE(s.ModelEverComputed);
+  EXPECT_EQ(std::tuple(s.ModelCurveLast, curve.pointers, s.ModelEverComputed),
+            std::tuple(7, std::vector<int>{kPointerHourglass}, true));
 }
 
 TEST_F(ForwardTest, ANoughtResistivityAboveTheBottomIsACalculationError) {
@@ -99,22 +98,12 @@ TEST_F(ForwardTest, ANoughtResistivityAboveTheBottomIsACalculationError) {
     s.ModelOutdated = true;
     ForwardCurve(session);
     ASSERT_EQ(dialogs.texts(), std::vector<std::string>{text});
-    EXPECT_EQ(dialogs.messages[0].icon, Icon::Exclamation);
-    // Small spacings see the layer as infinitely thick; the error comes where it thins out.
-    EXPECT_GT(s.ModelCurveLast, 0);
-    EXPECT_EQ(curve.error_curves, 0);
-    EXPECT_EQ(curve.pointers, std::vector<int>{kPointerHourglass});
-    EXPECT_FALSE(s.ModelOutdated);  // the trap goes on with the end of the routine
+    // Small spacings see the layer as infinitely thick; the error comes where it thins out. The
+    // trap goes on with the end of the routine.
+    EXPECT_EQ(std::tuple(dialogs.messages[0].icon, s.ModelCurveLast > 0, curve.error_curves,
+                         curve.pointers, s.ModelOutdated),
+              std::tuple(Icon::Exclamation, true, 0, std::vector<int>{kPointerHourglass}, false));
   }
-}
-
-TEST_F(ForwardTest, TooManyRowsStopAtTheTablesEnd) {
-  field({{1, 100}, {30000, 100}});
-  s.DecadeStart = -8;
-  ForwardCurve(session);
-  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"Calculation error..."});
-  EXPECT_EQ(s.ModelCurveLast, 101);
-  EXPECT_EQ(curve.segments.size(), 102u);  // the failing row was drawn before it was stored
 }
 
 // 250.5 rounds to the even neighbour; an overflowing row is passed over.

@@ -34,7 +34,7 @@ class CurveDrawingTest : public testing::PlotTest {
 TEST_F(CurveDrawingTest, SamplesJoinIntoStrokesInsideTheFrame) {
   s.FirstPoint = false;  // a stroke under way
   DrawCurveSegment(session, surfaces, 40, 100);
-  EXPECT_FALSE(s.FirstPoint);
+  ASSERT_FALSE(s.FirstPoint);
   DrawCurveSegment(session, surfaces, 41, 100);
   EXPECT_EQ(ops_starting(screen.ops, "LineTo"),
             std::vector<std::string>{"LineTo " + xy(3.875, L(100)) + " 255"});
@@ -83,8 +83,8 @@ TEST_F(CurveDrawingTest, AFailureShowsItsMessageAndTheCurveGoesOn) {
     s.FirstPoint = true;
     DrawCurveSegment(session, surfaces, 1, 100);
     EXPECT_EQ(dialogs.texts(), std::vector<std::string>{text});
-    EXPECT_EQ(dialogs.messages.at(0).icon, Icon::Exclamation);
-    EXPECT_FALSE(s.FirstPoint);
+    EXPECT_EQ(std::pair(dialogs.messages.at(0).icon, s.FirstPoint),
+              std::pair(Icon::Exclamation, false));
   }
 }
 
@@ -121,14 +121,13 @@ TEST_F(CurveDrawingTest, AOneLayerModelStartsOnlyWithALimitOfZero) {
   DrawModelSteps(session, surfaces);
   // Nothing drawn; the table walked to its end sets the width.
   EXPECT_EQ(screen.ops, (std::vector<std::string>{"DrawWidth 1"}));
-}
-
-TEST_F(CurveDrawingTest, RunsBeyondAB2maxAreHeldAtTheRightEdge) {
-  s.AB2max = 100;
+  // Runs beyond AB2max are held at the right edge.
+  screen.ops.clear();
+  std::tie(s.AB2min, s.AB2max, s.RHOmin) = std::tuple(0, 100, 1);
   model({{100, 50}, {20, 200}, {500, 0}});
   DrawModelSteps(session, surfaces);
-  EXPECT_TRUE(has_op(screen.ops, "LineTo " + xy(L(100), L(20)) + " 16711935"));
-  EXPECT_TRUE(has_op(screen.ops, "LineTo " + xy(L(100), L(500)) + " 16711935"));
+  EXPECT_TRUE(has_op(screen.ops, "LineTo " + xy(L(100), L(20)) + " 16711935") &&
+              has_op(screen.ops, "LineTo " + xy(L(100), L(500)) + " 16711935"));
 }
 
 TEST_F(CurveDrawingTest, OnThePageAnOverlayThicknessCarriesTheStaircaseOn) {
@@ -157,8 +156,9 @@ TEST_F(CurveDrawingTest, DeviationsAreHundredTimesTheDifferenceOverTheReading) {
   }
   field({{50, 300}, {5000, 100}});
   DrawErrorCurve(session, surfaces);
-  EXPECT_EQ(s.ModelCurve(1, 3).num(), 100.0 * 200.0 / 300.0);  // not 100 x (200 / 300)
-  EXPECT_EQ(s.ModelCurve(2, 3).num(), 0.001);                  // beyond the last usable sample
+  // 100 x 200 / 300, not 100 x (200 / 300); the third sample lies beyond the last usable one.
+  EXPECT_EQ(std::pair(s.ModelCurve(1, 3).num(), s.ModelCurve(2, 3).num()),
+            std::pair(100.0 * 200.0 / 300.0, 0.001));
   // A damaged header's count of 32767 readings: one error and one message, not one per row.
   s.FieldCount = 32767;
   DrawErrorCurve(session, surfaces);
@@ -175,8 +175,7 @@ TEST_F(CurveDrawingTest, ErrorCurveLiesOnTheSoundingsAxesFromTheBottomEdge) {
   // 1%, 10%, 0.5%, a point beyond the right edge, then one back inside.
   field({{2, 100}, {5, 110}, {8, 99.5}, {20000, 150}, {30, 200}});
   DrawErrorCurve(session, surfaces);
-  EXPECT_EQ(s.ModelCurve(1, 3).num(), 1.0);
-  EXPECT_EQ(s.ModelCurve(4, 3).num(), 0.001);
+  EXPECT_EQ(std::pair(s.ModelCurve(1, 3).num(), s.ModelCurve(4, 3).num()), std::pair(1.0, 0.001));
   const std::string c = " 255";
   EXPECT_EQ(screen.ops, (std::vector<std::string>{
                             "DrawWidth 1", "PSet " + xy(L(2), 1) + c,  // 1% on the bottom edge

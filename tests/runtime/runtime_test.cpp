@@ -33,15 +33,13 @@ int error_of(F f) {
 }
 
 // A current of 12.5 mA is stored as 12: ties go to the even neighbour.
-TEST(Arithmetic, IntegerConversionsRoundHalfToEven) {
+TEST(Arithmetic, IntegerConversionsRoundHalfToEvenAndFailuresRaiseTheLanguagesErrors) {
   const int32_t got[] = {CInt(0.5),  CInt(1.5),  CInt(2.5),     CInt(-2.5),    CInt(-3.5),
                          CLng(12.5), CLng(13.5), CInt(32767.4), CInt(-32768.4)};
   const int32_t want[] = {0, 2, 2, -2, -4, 12, 14, 32767, -32768};
   for (size_t i = 0; i < std::size(got); ++i) EXPECT_EQ(got[i], want[i]) << i;
   EXPECT_EQ(Int(-1.5) + 10 * Fix(-1.5) + 100 * Div(1, 4), -2 - 10 + 25);
-}
-
-TEST(Arithmetic, FailingOperationsRaiseTheLanguagesErrors) {
+  // Failing operations raise the language's errors.
   const std::pair<void (*)(), int> cases[] = {
       {[] { CInt(32767.5); }, kOverflow},      {[] { CInt(-32768.6); }, kOverflow},
       {[] { CLng(2147483647.5); }, kOverflow}, {[] { CInt(NAN); }, kOverflow},
@@ -98,15 +96,13 @@ TEST(NumberText, TheTextOfNumbers) {
 }
 
 // An exponent without digits is not part of the number; the comma is no decimal mark.
-TEST(NumberText, ValReadsTheLeadingNumberAndIgnoresBlanks) {
+TEST(NumberText, ValReadsTheLeadingNumberAndFileTokensAreWholeNumbers) {
   const std::pair<const char*, double> cases[] = {
       {"  12.5abc", 12.5}, {"1 2 3", 123}, {" .5", 0.5}, {"-.25", -0.25},
       {"1.5E+3x", 1500},   {"2D2", 200},   {"3E", 3},    {"&HFF", 255},
       {"&O17", 15},        {"abc", 0},     {"", 0},      {"1,5", 1}};
   for (auto [text, value] : cases) EXPECT_DOUBLE_EQ(Val(text), value) << text;
-}
-
-TEST(NumberText, FileTokensMustBeWholeNumbersAndSinglesSurviveTheRoundTrip) {
+  // File tokens must be whole numbers, and singles survive the round trip.
   EXPECT_EQ(parse_number_token(" 12.5 ") + parse_number_token(""), 12.5);
   for (const char* bad : {"12a", "abc", "1.2.3", "--1", "1,5"})
     EXPECT_EQ(error_of([&] { parse_number_token(bad); }), kTypeMismatch) << bad;
