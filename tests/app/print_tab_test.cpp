@@ -71,10 +71,12 @@ TEST_F(PrintTabTest, ZoomModesAndANewSheetRebuildTheReport) {
   };
   tab.cmdPageSetup_Click();  // the sheet lies on its side: the text moves to a page of its own
   EXPECT_EQ(page.PageCount(), 3);
-  tab.print_dialog = [this](int) { page.PageWidth -= 7000; };  // only narrower: built anew
-  const std::string before = page.text();
-  tab.cmdPageSetup_Click();
-  EXPECT_NE(page.text(), before);
+  for (double* side : {&page.PageWidth, &page.PageHeight}) {  // one side shorter: built anew
+    tab.print_dialog = [side](int) { *side -= 5000; };
+    const std::string before = page.text();
+    tab.cmdPageSetup_Click();
+    EXPECT_NE(page.text(), before);
+  }
 }
 
 }  // namespace
