@@ -34,8 +34,7 @@ int report_files(Cli& cli, const std::string& out_dir,
   cli.session.file_failure.clear();
   std::vector<std::string> files = convert();
   if (!out_dir.empty()) fs::current_path(before);
-  if (!cli.session.file_failure.empty())
-    Cli::complain("cannot write " + cli.session.file_failure);
+  if (!cli.session.file_failure.empty()) Cli::complain("cannot write " + cli.session.file_failure);
   Json j;
   j["Files"] = Json::array();
   for (const std::string& f : files) j["Files"].push_back(text(absolute(fs::path(out_dir) / f)));
