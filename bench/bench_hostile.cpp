@@ -25,23 +25,8 @@ double peak_megabytes() {
   return static_cast<double>(usage.ru_maxrss) / 1024;
 }
 
-// The target's largest seed file repeated to just under the size the program reads.
-std::string four_megabytes_of(const std::string& target) {
-  std::string seed;
-  for (const auto& entry :
-       fs::directory_iterator(fs::path(TELLUX_SOURCE_DIR "/tests/fuzz") / target)) {
-    std::ifstream in(entry.path(), std::ios::binary);
-    std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    if (bytes.size() > seed.size()) seed = bytes;
-  }
-  if (seed.empty()) seed = "1\r\n";
-  std::string out;
-  while (out.size() + seed.size() < (4u << 20)) out += seed;
-  return out;
-}
-
 void BM_ReaderOnFourMegabytes(benchmark::State& state, const std::string& target) {
-  const std::string data = four_megabytes_of(target);
+  const std::string data = tellux::fuzz::largest_input(TELLUX_SOURCE_DIR "/tests/fuzz", target);
   const fs::path scratch =
       fs::temp_directory_path() / ("tellux_bench_" + std::to_string(::getpid()));
   fs::create_directories(scratch);

@@ -21,14 +21,20 @@ namespace tellux {
 
 namespace {
 
-std::vector<std::string> lines_of(const std::string& text) {
+// The next line of `in` without its line end (CRLF or LF).
+bool next_line(std::istringstream& in, std::string& line) {
+  if (!std::getline(in, line)) return false;
+  if (!line.empty() && line.back() == '\r') line.pop_back();
+  return true;
+}
+
+// The first `most` lines of a text: a reader holds no more than its layout can use, so a file of
+// a million empty lines costs no memory.
+std::vector<std::string> lines_of(const std::string& text, size_t most) {
   std::vector<std::string> lines;
   std::istringstream in(text);
   std::string line;
-  while (std::getline(in, line)) {
-    if (!line.empty() && line.back() == '\r') line.pop_back();
-    lines.push_back(line);
-  }
+  while (lines.size() < most && next_line(in, line)) lines.push_back(line);
   return lines;
 }
 
@@ -104,7 +110,7 @@ bool read_abem(Session& session, const std::string& text) {
 
 bool read_sas1000(Session& session, const std::string& text) {
   SoundingState& s = session.s;
-  const std::vector<std::string> lines = lines_of(text);
+  const std::vector<std::string> lines = lines_of(text, 28 + 52);  // the 52nd row fails
   s.FieldTable.erase();
   s.MaxAbHalf = 1;
   try {
@@ -187,7 +193,8 @@ bool read_geotrade(Session& session, const std::string& text) {
   s.MaxAbHalf = 1;
   int i = 0;
   try {
-    for (const std::string& line : lines_of(text)) {
+    std::istringstream in(text);
+    for (std::string line; next_line(in, line);) {
       if (line.empty()) continue;
       ++i;  // a 52nd reading fails on the table's bound
       FieldTableT& t = s.FieldTable;
@@ -221,7 +228,8 @@ bool read_geotrade(Session& session, const std::string& text) {
 
 bool read_pasi(Session& session, const std::string& text) {
   SoundingState& s = session.s;
-  std::vector<std::string> items = split_items(text);
+  // The name and date, then rows of 7 up to the 52nd, which fails on the table's bound.
+  std::vector<std::string> items = split_items(text, 2 + 7 * 52);
   clear_strings(s);
   s.MaxAbHalf = 1;
   try {
@@ -314,7 +322,7 @@ std::string astier_tx3(SoundingState& s, const std::string& text) {
 
 std::string oyo_tx3(Session& session, const std::string& text) {
   SoundingState& s = session.s;
-  const std::vector<std::string> lines = lines_of(text);
+  const std::vector<std::string> lines = lines_of(text, 14 + 99);  // the header, 99 rows at most
   const auto line_items = [&](size_t k) {
     return k < lines.size() ? split_items(lines[k]) : std::vector<std::string>{};
   };

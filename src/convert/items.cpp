@@ -2,10 +2,11 @@
 
 namespace tellux {
 
-std::vector<std::string> split_items(const std::string& text) {
+std::vector<std::string> split_items(const std::string& text, size_t most) {
   std::vector<std::string> items;
   std::string item;
   for (char c : text) {
+    if (items.size() == most) return items;
     if (c == ',' || c == ' ' || c == '\t' || c == '\r' || c == '\n') {
       if (!item.empty()) items.push_back(item);
       item.clear();
@@ -13,7 +14,7 @@ std::vector<std::string> split_items(const std::string& text) {
       item += c;
     }
   }
-  if (!item.empty()) items.push_back(item);
+  if (!item.empty() && items.size() < most) items.push_back(item);
   return items;
 }
 

@@ -17,6 +17,10 @@ namespace tellux {
 
 namespace {
 
+// No survey comes near this many soundings. A sheet of more is converted in parts, so that one
+// command stays within a second of work and a hostile file cannot make files by the ten thousand.
+constexpr int kMostSoundings = 1000;
+
 bool field_character(char c) {
   const auto code = static_cast<unsigned char>(c);
   return code >= 35 && code <= 122;
@@ -44,7 +48,7 @@ std::vector<std::string> multiple_soundings_sheet(Session& session) {
     s.FieldTable.erase();
     s.MaxAbHalf = 1;
     int n = 0;
-    for (const std::string& item : split_items(rt::read_whole_file(*spreads_path))) {
+    for (const std::string& item : split_items(rt::read_whole_file(*spreads_path), 52)) {
       ++n;  // a 52nd spread fails on the table's bound
       s.FieldTable(n, 1) = rt::parse_number_token(item);
       s.MaxAbHalf = rt::CInt(s.FieldTable(n, 1).num());
@@ -54,10 +58,16 @@ std::vector<std::string> multiple_soundings_sheet(Session& session) {
     if (!values_path) return written;
     std::istringstream lines(rt::read_whole_file(*values_path));
     std::string line;
-    int C = 0;
+    int C = 0, seen = 0;
     while (std::getline(lines, line)) {
       if (!line.empty() && line.back() == '\r') line.pop_back();
       if (line.empty()) continue;  // a blank line is no sounding
+      if (++seen > kMostSoundings) {
+        session.tell("Only the first " + std::to_string(kMostSoundings) +
+                         " soundings of the sheet were read: put the others in a file of their own",
+                     Icon::Information);
+        break;
+      }
       ++C;
       // Each character that is not a field character ends a field: 0 the name, 1 X, 2 Y, 3 Z,
       // from 4 the resistivity of row index - 3. The token left at the line's end goes to row

@@ -54,7 +54,8 @@ std::optional<Res2dinvData> read_res2dinv(const std::string& text, std::string& 
   Res2dinvData d;
   std::string rest;
   d.title = first_line(text, rest);
-  const std::vector<std::string> items = split_items(rest);
+  const std::vector<std::string> items =
+      split_items(rest, 5 + 3 * kMostPoints);  // the header, then the points
   size_t next = 0;
   const auto number = [&] {
     if (next >= items.size()) rt::raise(rt::kInputPastEnd);

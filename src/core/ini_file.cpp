@@ -88,11 +88,9 @@ IniFile IniFile::parse(std::string_view bytes) {
 }
 
 IniFile IniFile::load(const std::string& path) {
-  try {
-    return parse(rt::read_whole_file(path));
-  } catch (const rt::RuntimeError&) {
-    return parse("");
-  }
+  std::error_code ec;
+  if (!std::filesystem::exists(path, ec)) return parse("");
+  return parse(rt::read_whole_file(path, 256u << 10));
 }
 
 const IniFile::Section* IniFile::find_section(std::string_view name) const {

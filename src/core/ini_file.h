@@ -25,7 +25,9 @@ class IniFile {
   };
 
   static IniFile parse(std::string_view text);
-  // The file at `path`; an empty one when it is missing or cannot be read.
+  // The file at `path`; an empty one when it is missing. A file that is there but cannot be read
+  // (not a plain file, not readable, or above 256 KB, which no settings file comes near and
+  // whose every line would be held) raises its run-time error: written over, it would be lost.
   static IniFile load(const std::string& path);
 
   // The value as it stands in the file, when the key is there.

@@ -150,6 +150,16 @@ void put_profile(IniFile& ini, const Settings& st) {
   ini.set(kProfile, "MaxRes", st.MaxRes);
 }
 
+// The settings file as it stands; nothing when it is there but cannot be read, so that it is
+// neither trusted nor written over.
+std::optional<IniFile> current(const std::string& path) {
+  try {
+    return IniFile::load(path);
+  } catch (const rt::RuntimeError&) {
+    return std::nullopt;
+  }
+}
+
 bool write(const IniFile& ini, const std::string& path) {
   try {
     ini.save(path);
@@ -176,7 +186,7 @@ std::string settings_file_path() {
 }
 
 void load_settings(SoundingState& s, Settings& st, const std::string& path) {
-  const IniFile ini = IniFile::load(path);
+  const IniFile ini = current(path).value_or(IniFile());
 
   s.FileDir = ini.read(kTellux, "Chemin", "C:\\Tellux\\");
   st.Langue = ini.read(kTellux, "Langue", "E");
@@ -236,7 +246,9 @@ void load_settings(SoundingState& s, Settings& settings) {
 }
 
 bool save_settings(SoundingState& s, Settings& st, const std::string& path) {
-  IniFile ini = IniFile::load(path);
+  std::optional<IniFile> file = current(path);
+  if (!file) return false;
+  IniFile& ini = *file;
   // Without the keep box the section "Tellux" is not written, so the file keeps its start-up
   // values; the running record keeps the user's choices for the rest of the run.
   if (st.garder_config) {
@@ -257,9 +269,10 @@ bool save_settings(SoundingState& s, Settings& settings) {
 }
 
 bool save_palette(const Settings& settings, const std::string& path) {
-  IniFile ini = IniFile::load(path);
-  put_palette(ini, settings);
-  return write(ini, path);
+  std::optional<IniFile> ini = current(path);
+  if (!ini) return false;
+  put_palette(*ini, settings);
+  return write(*ini, path);
 }
 
 IniFile held_settings(const SoundingState& s, const Settings& st) {

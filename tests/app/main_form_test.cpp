@@ -82,14 +82,6 @@ TEST_F(MainFormTest, StartUpIsEnglishWithTheDefaultAxesAndTheStartWindowsButtons
   EXPECT_FALSE(a.frmSplash.visible);
   EXPECT_GT(a.s.FieldCount, 10);
   EXPECT_EQ(a.s.FieldTable(1, 1).num(), 1);
-
-  // The SEV profile without soundings stops with a message.
-  a.main.SSTab1_Click(5);
-  ASSERT_EQ(dialogs.messages.size(), 1u);
-  EXPECT_EQ(dialogs.messages[0].text, "First, you must load SEV files");
-  a.main.SEV_Grid.set_text(1, 1, "A.TX3");
-  a.main.SSTab1_Click(5);
-  EXPECT_EQ(dialogs.messages.size(), 1u);
 }
 
 TEST_F(MainFormTest, StartWindowCaptionsFollowTheLanguageAndGermanStandsInEnglish) {

@@ -151,6 +151,13 @@ TEST_F(ConvertTest, SheetOfSoundingsFromSpreadsAndResistivities) {
   EXPECT_NE(std::find(texts.begin(), texts.end(), "Spread data missing for sounding A3"),
             texts.end());
   EXPECT_EQ(texts.back(), " 3 soundings have been saved as *.TX3 files");
+  // Line 1001 and those after it wait for a file of their own.
+  std::string many;
+  for (int i = 0; i <= 1000; ++i) many += "A" + std::to_string(i) + " 0 0 0 1\r\n";
+  write("values.TXT", many);
+  dialogs.open_choices = {{path("spreads.TXT")}, {path("values.TXT")}};
+  EXPECT_EQ(multiple_soundings_sheet(session).back(), "A999.TX3");
+  EXPECT_EQ(dialogs.texts().back(), " 1000 soundings have been saved as *.TX3 files");
 
   std::string too_many;
   for (int i = 1; i <= 52; ++i) too_many += std::to_string(i) + "\r\n";

@@ -131,7 +131,7 @@ TEST_F(SettingsFile, AxisEndsDamagedValuesAndLongValues) {
 }
 
 // Without the configuration kept the section "Tellux" is not written; a folder that cannot be
-// written gives false quietly.
+// written, or a file that cannot be read, gives false quietly.
 TEST_F(SettingsFile, SavingKeepsKeysItDoesNotOwnAndThePaletteIsWrittenApart) {
   load("; written by hand\n[PALETTE_A]\nAmplitude1=1\n[Other]\nkey=value\n");
   st.Amplitude[1] = 99;
@@ -142,6 +142,11 @@ TEST_F(SettingsFile, SavingKeepsKeysItDoesNotOwnAndThePaletteIsWrittenApart) {
   load_settings(back, back_st, ini);
   EXPECT_EQ(std::tuple(back_st.Amplitude[1], back_st.Amplitude[2]), std::tuple(99, 71646));
   EXPECT_FALSE(save_settings(s, st, ini + "/Tellux6.ini"));
+  // Too large to be a settings file: not read, and never written over.
+  const std::string big = "[Tellux]\nLangue=F\n" + std::string(300 << 10, ';');
+  load(big);
+  EXPECT_EQ(st.Langue, "E");
+  EXPECT_FALSE(save_settings(s, st, ini) || save_palette(st, ini) || text() != big);
 }
 
 TEST(SettingsPath, ComesFromTelluxIniOrTheConfigurationFolder) {

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <iterator>
 #include <map>
 
 #include "convert/backups.h"
@@ -157,6 +158,19 @@ void run_reader(const std::string& name, const std::string& bytes) {
     return;  // an error the program traps at a higher level
   }
   if (name != "val" && name != "ini") run.use();
+}
+
+std::string largest_input(const std::string& corpus_root, const std::string& name) {
+  std::string seed;
+  for (const auto& entry : fs::directory_iterator(fs::path(corpus_root) / name)) {
+    std::ifstream in(entry.path(), std::ios::binary);
+    std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+    if (bytes.size() > seed.size()) seed = bytes;
+  }
+  if (seed.empty()) seed = "1\r\n";
+  std::string out;
+  while (out.size() + seed.size() < (4u << 20)) out += seed;
+  return out;
 }
 
 void run_target(const std::string& name, const uint8_t* data, size_t size) {

@@ -19,4 +19,8 @@ void run_target(const std::string& name, const uint8_t* data, size_t size);
 // The same without the fuzzing's bound of 64 KB on the input, for the benchmarks.
 void run_reader(const std::string& name, const std::string& bytes);
 
+// The largest file of the target's corpus in `corpus_root`, repeated to just under the 4 MB the
+// program reads: the largest input a reader meets.
+std::string largest_input(const std::string& corpus_root, const std::string& name);
+
 }  // namespace tellux::fuzz

@@ -100,28 +100,6 @@ TEST_F(ReportTest, FieldDataPageByArrayWithPasiUnits) {
   EXPECT_EQ(s.SpreadTag, "2");
 }
 
-TEST_F(ReportTest, TheDirectPrintWritesBothSheetsInLinesOfText) {
-  ComputeDepths(session);
-  std::tie(s.FieldTable(1, 3), s.FieldTable(1, 4), s.FieldTable(1, 5)) = std::tuple(0.5, 12, 6);
-  int sheets = 1;
-  PrintReportDirect(session, printer, "Title", [&] { ++sheets; });
-  EXPECT_EQ(sheets, 2);
-  const auto printed = [&](const std::string& text) {
-    return std::count(printer.ops.begin(), printer.ops.end(), "Print \"" + text + "\"");
-  };
-  EXPECT_EQ(printed("Title"), 2);
-  EXPECT_EQ(printed("Q-Brantis / Tellux 6.4"), 2);
-  EXPECT_EQ(printed("Location   X = 1000    Y = 2000    Z = 120"), 1);
-  EXPECT_EQ(printed("    MN/2             AB/2             DeltaV                 I        "
-                    "            K            Resistivity"),
-            1);
-  EXPECT_EQ(printed("near the well"), 2);
-  // MN/2, AB/2, DeltaV, I (none), K, resistivity
-  EXPECT_EQ(printed("         0.5                  1                12                          "
-                    "            6              100        "),
-            1);
-}
-
 TEST(ReportTexts, PageTextAndPadNumberLeft) {
   SoundingState s;
   s.FileName = "X.TX3";

@@ -19,7 +19,7 @@ namespace tellux::rt {
 
 namespace fs = std::filesystem;
 
-std::string read_whole_file(const std::string& path) {
+std::string read_whole_file(const std::string& path, std::uintmax_t largest) {
   std::error_code ec;
   if (path.empty()) raise(kFileNotFound);
   const fs::path p(path);
@@ -30,9 +30,7 @@ std::string read_whole_file(const std::string& path) {
   if (fs::is_directory(p, ec)) raise(kPathFileAccess, std::strerror(EISDIR));
   // Only plain files: a pipe would block for ever and a device never end.
   if (!fs::is_regular_file(p, ec)) raise(kPathFileAccess, "not a regular file");
-  // No file of the program comes near this size; a larger one is not read into memory.
-  constexpr std::uintmax_t kLargest = 4u << 20;
-  if (fs::file_size(p, ec) > kLargest) raise(kPathFileAccess, "file too large");
+  if (fs::file_size(p, ec) > largest) raise(kPathFileAccess, "file too large");
   std::ifstream in(p, std::ios::binary);
   if (!in) raise(kPathFileAccess, std::strerror(EACCES));
   std::ostringstream all;

@@ -3,6 +3,7 @@
 // line ends; numbers end at a comma or the line's end, strings stand in double quotes. Reading
 // past the end raises error 62. The decimal mark is always the point. Lines are written with CRLF
 // and read with CRLF or LF.
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -11,8 +12,9 @@
 namespace tellux::rt {
 
 // Reads a whole file into memory. Error 53 when it does not exist, 76 when its folder does not,
-// 75 when it cannot be read.
-std::string read_whole_file(const std::string& path);
+// 75 when it cannot be read or is larger than `largest` bytes. No file of the program comes
+// near 4 MB; a larger one is not read into memory.
+std::string read_whole_file(const std::string& path, std::uintmax_t largest = 4u << 20);
 
 class TokenReader {
  public:
