@@ -59,6 +59,7 @@ std::vector<std::string> multiple_soundings_sheet(Session& session) {
     std::istringstream lines(rt::read_whole_file(*values_path));
     std::string line;
     int C = 0, seen = 0;
+    const TellEachOnce once(session.dialogs);
     while (std::getline(lines, line)) {
       if (!line.empty() && line.back() == '\r') line.pop_back();
       if (line.empty()) continue;  // a blank line is no sounding

@@ -193,6 +193,7 @@ std::vector<std::string> RES2DINV(Session& session, const std::function<void(R2d
         s.FilePath.substr(0, s.FilePath.size() - std::min<size_t>(4, s.FilePath.size()));
     if (!out_dir.empty()) stem = out_dir + "/" + bare_name(stem);
     const auto soundings = extract_soundings(*data, N, rt::Val(form.Text4));
+    const TellEachOnce once(session.dialogs);
     for (int i = 1; i <= N; ++i) {
       const ExtractedSounding& one = soundings[static_cast<size_t>(i - 1)];
       s.FieldTable.erase();

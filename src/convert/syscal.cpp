@@ -102,6 +102,7 @@ std::vector<std::string> Syscal(Session& session) {
   const std::vector<std::string> names = syscal_soundings(file);
   const int count = std::min<int>(file.counted, static_cast<int>(file.rows.size()));
   try {
+    const TellEachOnce once(session.dialogs);
     for (size_t k = 0; k < names.size(); ++k) {
       for (int r = 0; r <= 51; ++r)
         for (int c = 0; c <= 6; ++c) s.FieldTable(r, c) = 0.0;

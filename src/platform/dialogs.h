@@ -34,6 +34,8 @@ class Dialogs {
 
   // Conveniences over the calls above.
   void tell(const std::string& text, Icon icon, const std::string& title) {
+    if (once_ && text == last_told_) return;
+    last_told_ = text;
     message(text, Buttons::Ok, icon, title);
   }
   std::optional<std::string> open_file(const FileDialogRequest& request) {
@@ -41,6 +43,28 @@ class Dialogs {
     if (!files || files->empty()) return std::nullopt;
     return files->front();
   }
+
+ private:
+  friend class TellEachOnce;
+  bool once_ = false;
+  std::string last_told_;
+};
+
+// While it lives, a box the same as the one just told is not told again: a run over many
+// soundings tells a fault they share once, not once for each of them.
+class TellEachOnce {
+ public:
+  explicit TellEachOnce(Dialogs& dialogs) : dialogs_(dialogs), was_(dialogs.once_) {
+    dialogs_.once_ = true;
+    dialogs_.last_told_.clear();
+  }
+  ~TellEachOnce() { dialogs_.once_ = was_; }
+  TellEachOnce(const TellEachOnce&) = delete;
+  TellEachOnce& operator=(const TellEachOnce&) = delete;
+
+ private:
+  Dialogs& dialogs_;
+  bool was_;
 };
 
 }  // namespace tellux

@@ -151,13 +151,19 @@ TEST_F(ConvertTest, SheetOfSoundingsFromSpreadsAndResistivities) {
   EXPECT_NE(std::find(texts.begin(), texts.end(), "Spread data missing for sounding A3"),
             texts.end());
   EXPECT_EQ(texts.back(), " 3 soundings have been saved as *.TX3 files");
-  // Line 1001 and those after it wait for a file of their own.
+  // Line 1001 and those after it wait for a file of their own; a refusal in a row is told once.
   std::string many;
-  for (int i = 0; i <= 1000; ++i) many += "A" + std::to_string(i) + " 0 0 0 1\r\n";
+  for (int i = 0; i <= 1000; ++i) many += "A3 12 22 102 1 2 3 4 5 6 7 8 9\r\n";
   write("values.TXT", many);
   dialogs.open_choices = {{path("spreads.TXT")}, {path("values.TXT")}};
-  EXPECT_EQ(multiple_soundings_sheet(session).back(), "A999.TX3");
-  EXPECT_EQ(dialogs.texts().back(), " 1000 soundings have been saved as *.TX3 files");
+  EXPECT_TRUE(multiple_soundings_sheet(session).empty());
+  const auto said = dialogs.texts();
+  EXPECT_EQ(std::vector(said.end() - 3, said.end()),
+            (std::vector<std::string>{"Spread data missing for sounding A3",
+                                      "Only the first 1000 soundings of the sheet were read: put "
+                                      "the others in a file of their own",
+                                      " 0 soundings have been saved as *.TX3 files"}));
+  EXPECT_EQ(std::count(said.begin(), said.end(), "Spread data missing for sounding A3"), 2);
 
   std::string too_many;
   for (int i = 1; i <= 52; ++i) too_many += std::to_string(i) + "\r\n";
