@@ -23,20 +23,34 @@ struct FileDialogRequest {
 class Dialogs {
  public:
   virtual ~Dialogs() = default;
-  virtual Answer message(const std::string& text, Buttons buttons, Icon icon,
-                         const std::string& title) = 0;
+  Answer message(const std::string& text, Buttons buttons, Icon icon, const std::string& title) {
+    last_told_.clear();
+    return show_message(text, buttons, icon, title);
+  }
   // Full paths of the chosen files; empty optional on Cancel.
-  virtual std::optional<std::vector<std::string>> open_files(const FileDialogRequest& request) = 0;
-  virtual std::optional<std::string> save_file(const FileDialogRequest& request) = 0;
-  virtual std::optional<std::string> input(const std::string& prompt, const std::string& title,
-                                           const std::string& initial) = 0;
-  virtual std::optional<int> colour(const std::string& title, int initial) = 0;
+  std::optional<std::vector<std::string>> open_files(const FileDialogRequest& request) {
+    last_told_.clear();
+    return show_open_files(request);
+  }
+  std::optional<std::string> save_file(const FileDialogRequest& request) {
+    last_told_.clear();
+    return show_save_file(request);
+  }
+  std::optional<std::string> input(const std::string& prompt, const std::string& title,
+                                   const std::string& initial) {
+    last_told_.clear();
+    return show_input(prompt, title, initial);
+  }
+  std::optional<int> colour(const std::string& title, int initial) {
+    last_told_.clear();
+    return show_colour(title, initial);
+  }
 
   // Conveniences over the calls above.
   void tell(const std::string& text, Icon icon, const std::string& title) {
     if (once_ && text == last_told_) return;
+    show_message(text, Buttons::Ok, icon, title);
     last_told_ = text;
-    message(text, Buttons::Ok, icon, title);
   }
   std::optional<std::string> open_file(const FileDialogRequest& request) {
     auto files = open_files(request);
@@ -44,10 +58,20 @@ class Dialogs {
     return files->front();
   }
 
+ protected:
+  virtual Answer show_message(const std::string& text, Buttons buttons, Icon icon,
+                              const std::string& title) = 0;
+  virtual std::optional<std::vector<std::string>> show_open_files(
+      const FileDialogRequest& request) = 0;
+  virtual std::optional<std::string> show_save_file(const FileDialogRequest& request) = 0;
+  virtual std::optional<std::string> show_input(const std::string& prompt, const std::string& title,
+                                                const std::string& initial) = 0;
+  virtual std::optional<int> show_colour(const std::string& title, int initial) = 0;
+
  private:
   friend class TellEachOnce;
   bool once_ = false;
-  std::string last_told_;
+  std::string last_told_;  // the box just told; any other dialog in between clears it
 };
 
 // While it lives, a box the same as the one just told is not told again: a run over many

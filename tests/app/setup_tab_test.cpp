@@ -16,9 +16,9 @@ namespace {
 class ColourDialogs : public ScriptedDialogs {
  public:
   std::vector<std::pair<std::string, int>> colour_requests;
-  std::optional<int> colour(const std::string& title, int initial) override {
+  std::optional<int> show_colour(const std::string& title, int initial) override {
     colour_requests.emplace_back(title, initial);
-    return ScriptedDialogs::colour(title, initial);
+    return ScriptedDialogs::show_colour(title, initial);
   }
 };
 

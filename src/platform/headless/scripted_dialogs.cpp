@@ -2,8 +2,8 @@
 
 namespace tellux {
 
-Answer ScriptedDialogs::message(const std::string& text, Buttons buttons, Icon icon,
-                                const std::string& title) {
+Answer ScriptedDialogs::show_message(const std::string& text, Buttons buttons, Icon icon,
+                                     const std::string& title) {
   messages.push_back({text, buttons, icon, title});
   if (buttons == Buttons::Ok) return Answer::Ok;
   if (answers.empty()) return buttons == Buttons::OkCancel ? Answer::Ok : Answer::Yes;
@@ -12,7 +12,7 @@ Answer ScriptedDialogs::message(const std::string& text, Buttons buttons, Icon i
   return a;
 }
 
-std::optional<std::vector<std::string>> ScriptedDialogs::open_files(
+std::optional<std::vector<std::string>> ScriptedDialogs::show_open_files(
     const FileDialogRequest& request) {
   file_requests.push_back(request);
   if (open_choices.empty()) return std::nullopt;
@@ -22,7 +22,7 @@ std::optional<std::vector<std::string>> ScriptedDialogs::open_files(
   return choice;
 }
 
-std::optional<std::string> ScriptedDialogs::save_file(const FileDialogRequest& request) {
+std::optional<std::string> ScriptedDialogs::show_save_file(const FileDialogRequest& request) {
   file_requests.push_back(request);
   if (save_choices.empty()) return std::nullopt;
   std::string choice = save_choices.front();
@@ -31,15 +31,15 @@ std::optional<std::string> ScriptedDialogs::save_file(const FileDialogRequest& r
   return choice;
 }
 
-std::optional<std::string> ScriptedDialogs::input(const std::string&, const std::string&,
-                                                  const std::string&) {
+std::optional<std::string> ScriptedDialogs::show_input(const std::string&, const std::string&,
+                                                       const std::string&) {
   if (inputs.empty()) return std::nullopt;
   auto v = inputs.front();
   inputs.pop_front();
   return v;
 }
 
-std::optional<int> ScriptedDialogs::colour(const std::string&, int) {
+std::optional<int> ScriptedDialogs::show_colour(const std::string&, int) {
   if (colours.empty()) return std::nullopt;
   auto v = colours.front();
   colours.pop_front();
@@ -52,8 +52,8 @@ std::vector<std::string> ScriptedDialogs::texts() const {
   return out;
 }
 
-Answer BatchDialogs::message(const std::string& text, Buttons buttons, Icon icon,
-                             const std::string& title) {
+Answer BatchDialogs::show_message(const std::string& text, Buttons buttons, Icon icon,
+                                  const std::string& title) {
   if (sink_) sink_(text);
   // The same question again after an error box (a write that failed and is offered once more):
   // batch work takes the way out instead of going round for ever.
@@ -61,15 +61,16 @@ Answer BatchDialogs::message(const std::string& text, Buttons buttons, Icon icon
   const bool asked_again =
       buttons != Buttons::Ok && answers.empty() && n >= 2 && messages[n - 2].text == text &&
       (messages[n - 1].icon == Icon::Exclamation || messages[n - 1].icon == Icon::Critical);
-  const Answer answer = ScriptedDialogs::message(text, buttons, icon, title);
+  const Answer answer = ScriptedDialogs::show_message(text, buttons, icon, title);
   if (!asked_again) return answer;
   return buttons == Buttons::OkCancel ? Answer::Cancel : Answer::No;
 }
 
-std::optional<std::string> BatchDialogs::input(const std::string& prompt, const std::string& title,
-                                               const std::string& initial) {
+std::optional<std::string> BatchDialogs::show_input(const std::string& prompt,
+                                                    const std::string& title,
+                                                    const std::string& initial) {
   if (inputs.empty()) return initial;
-  return ScriptedDialogs::input(prompt, title, initial);
+  return ScriptedDialogs::show_input(prompt, title, initial);
 }
 
 int BatchDialogs::errors() const {

@@ -29,13 +29,14 @@ class ScriptedDialogs : public Dialogs {
   std::vector<RecordedMessage> messages;
   std::vector<FileDialogRequest> file_requests;
 
-  Answer message(const std::string& text, Buttons buttons, Icon icon,
-                 const std::string& title) override;
-  std::optional<std::vector<std::string>> open_files(const FileDialogRequest& request) override;
-  std::optional<std::string> save_file(const FileDialogRequest& request) override;
-  std::optional<std::string> input(const std::string& prompt, const std::string& title,
-                                   const std::string& initial) override;
-  std::optional<int> colour(const std::string& title, int initial) override;
+  Answer show_message(const std::string& text, Buttons buttons, Icon icon,
+                      const std::string& title) override;
+  std::optional<std::vector<std::string>> show_open_files(
+      const FileDialogRequest& request) override;
+  std::optional<std::string> show_save_file(const FileDialogRequest& request) override;
+  std::optional<std::string> show_input(const std::string& prompt, const std::string& title,
+                                        const std::string& initial) override;
+  std::optional<int> show_colour(const std::string& title, int initial) override;
 
   // Texts of all messages shown so far, in order.
   std::vector<std::string> texts() const;
@@ -50,10 +51,10 @@ class BatchDialogs : public ScriptedDialogs {
  public:
   using Sink = void (*)(const std::string&);
   explicit BatchDialogs(Sink sink) : sink_(sink) {}
-  Answer message(const std::string& text, Buttons buttons, Icon icon,
-                 const std::string& title) override;
-  std::optional<std::string> input(const std::string& prompt, const std::string& title,
-                                   const std::string& initial) override;
+  Answer show_message(const std::string& text, Buttons buttons, Icon icon,
+                      const std::string& title) override;
+  std::optional<std::string> show_input(const std::string& prompt, const std::string& title,
+                                        const std::string& initial) override;
   // Messages with the exclamation or critical sign: those that make a batch command fail.
   int errors() const;
 

@@ -76,8 +76,8 @@ QString qt_file_filter(const std::string& filter) {
   return out.join(QStringLiteral(";;"));
 }
 
-Answer QtDialogs::message(const std::string& text, Buttons buttons, Icon icon,
-                          const std::string& title) {
+Answer QtDialogs::show_message(const std::string& text, Buttons buttons, Icon icon,
+                               const std::string& title) {
   QMessageBox box(icon_of(icon), QString::fromStdString(title), text_of(text), buttons_of(buttons),
                   parent_);
   switch (box.exec()) {
@@ -94,7 +94,8 @@ Answer QtDialogs::message(const std::string& text, Buttons buttons, Icon icon,
   }
 }
 
-std::optional<std::vector<std::string>> QtDialogs::open_files(const FileDialogRequest& request) {
+std::optional<std::vector<std::string>> QtDialogs::show_open_files(
+    const FileDialogRequest& request) {
   const QString title = QString::fromStdString(request.title);
   const QString filter = qt_file_filter(request.filter);
   const QString start = dir_.isEmpty() ? QDir::homePath() : dir_;
@@ -112,7 +113,7 @@ std::optional<std::vector<std::string>> QtDialogs::open_files(const FileDialogRe
   return out;
 }
 
-std::optional<std::string> QtDialogs::save_file(const FileDialogRequest& request) {
+std::optional<std::string> QtDialogs::show_save_file(const FileDialogRequest& request) {
   const QString start = dir_.isEmpty() ? QDir::homePath() : dir_;
   QFileDialog::Options options;
   if (!request.overwrite_prompt) options |= QFileDialog::DontConfirmOverwrite;
@@ -124,8 +125,9 @@ std::optional<std::string> QtDialogs::save_file(const FileDialogRequest& request
   return QDir::toNativeSeparators(chosen).toStdString();
 }
 
-std::optional<std::string> QtDialogs::input(const std::string& prompt, const std::string& title,
-                                            const std::string& initial) {
+std::optional<std::string> QtDialogs::show_input(const std::string& prompt,
+                                                 const std::string& title,
+                                                 const std::string& initial) {
   bool ok = false;
   const QString text =
       QInputDialog::getText(parent_, QString::fromStdString(title), text_of(prompt),
@@ -134,7 +136,7 @@ std::optional<std::string> QtDialogs::input(const std::string& prompt, const std
   return text.toStdString();
 }
 
-std::optional<int> QtDialogs::colour(const std::string& title, int initial) {
+std::optional<int> QtDialogs::show_colour(const std::string& title, int initial) {
   const QColor c =
       QColorDialog::getColor(to_qcolor(initial), parent_, QString::fromStdString(title));
   if (!c.isValid()) return std::nullopt;

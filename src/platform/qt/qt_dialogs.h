@@ -19,13 +19,14 @@ class QtDialogs : public Dialogs {
   // Where the file dialogs start until the user has chosen a file.
   void set_start_dir(const QString& dir) { dir_ = dir; }
 
-  Answer message(const std::string& text, Buttons buttons, Icon icon,
-                 const std::string& title) override;
-  std::optional<std::vector<std::string>> open_files(const FileDialogRequest& request) override;
-  std::optional<std::string> save_file(const FileDialogRequest& request) override;
-  std::optional<std::string> input(const std::string& prompt, const std::string& title,
-                                   const std::string& initial) override;
-  std::optional<int> colour(const std::string& title, int initial) override;
+  Answer show_message(const std::string& text, Buttons buttons, Icon icon,
+                      const std::string& title) override;
+  std::optional<std::vector<std::string>> show_open_files(
+      const FileDialogRequest& request) override;
+  std::optional<std::string> show_save_file(const FileDialogRequest& request) override;
+  std::optional<std::string> show_input(const std::string& prompt, const std::string& title,
+                                        const std::string& initial) override;
+  std::optional<int> show_colour(const std::string& title, int initial) override;
 
  private:
   QPointer<QWidget> parent_;
