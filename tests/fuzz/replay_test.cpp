@@ -21,7 +21,7 @@ namespace {
 namespace fs = std::filesystem;
 
 // The peak memory of `name` run on `input` in a child process, in KB; -1 when it failed.
-long peak_of(const std::string& name, const std::string& input) {
+[[maybe_unused]] long peak_of(const std::string& name, const std::string& input) {
   const pid_t child = ::fork();
   if (child == 0) {
     try {
