@@ -1,5 +1,6 @@
 // Hostile inputs: every reader of outside data on the largest input the program reads (4 MB,
-// its own corpus file repeated), and the open flow on a file of 100 MB, which is refused unread.
+// its own corpus file repeated), and the program's flow for each format on a file of 100 MB,
+// which is refused unread.
 // The peak memory of the process so far is a counter of each run.
 #include <benchmark/benchmark.h>
 #include <sys/resource.h>
@@ -7,10 +8,18 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <map>
 #include <string>
 
+#include "convert/instruments.h"
+#include "convert/multi_sheet.h"
+#include "convert/res2dinv.h"
+#include "convert/syscal.h"
+#include "core/default_spread.h"
 #include "core/open_flow.h"
 #include "core/session.h"
+#include "core/settings.h"
 #include "fuzz_targets.h"
 #include "platform/headless/recording_forms.h"
 #include "platform/headless/scripted_dialogs.h"
@@ -18,6 +27,8 @@
 namespace {
 
 namespace fs = std::filesystem;
+
+const std::string kSpreads = TELLUX_SOURCE_DIR "/tests/fuzz/spreads/DATAVES.TXT";
 
 double peak_megabytes() {
   rusage usage{};
@@ -38,21 +49,87 @@ void BM_ReaderOnFourMegabytes(benchmark::State& state, const std::string& target
   state.counters["peak_MB"] = peak_megabytes();
 }
 
-void BM_OpenHundredMegabytes(benchmark::State& state) {
-  const fs::path big =
-      fs::temp_directory_path() / ("tellux_big_" + std::to_string(::getpid()) + ".TX3");
-  { std::ofstream(big, std::ios::binary) << "5\r\n"; }
+// What the program does with a file of each format once the open dialog has chosen it.
+using Flow = std::function<void(tellux::Session&, const std::string& path)>;
+
+Flow instrument(tellux::Instrument kind) {
+  return [kind](tellux::Session& session, const std::string& path) {
+    static_cast<tellux::BatchDialogs&>(session.dialogs).open_choices = {{path}};
+    tellux::convert_instrument(session, kind, kSpreads, path + ".TX3");
+  };
+}
+
+void opened(tellux::Session& session, const std::string& path) {
+  session.s.FilePath = path;
+  session.s.FileName = fs::path(path).filename().string();
+  tellux::open_sounding(session);
+}
+
+const std::map<std::string, std::pair<std::string, Flow>>& formats() {
+  using tellux::Instrument;
+  static const std::map<std::string, std::pair<std::string, Flow>> all = {
+      {"tx3", {"TX3", opened}},
+      {"txw", {"TXW", opened}},
+      {"txe", {"TXE", opened}},
+      {"sev", {"SEV", opened}},
+      {"ini",
+       {"ini",
+        [](tellux::Session& session, const std::string& path) {
+          tellux::Settings settings;
+          tellux::load_settings(session.s, settings, path);
+        }}},
+      {"spreads",
+       {"TXT", [](tellux::Session& session,
+                  const std::string& path) { tellux::read_default_spread(session.s, path); }}},
+      {"syscal",
+       {"DAT",
+        [](tellux::Session& session, const std::string& path) {
+          static_cast<tellux::BatchDialogs&>(session.dialogs).open_choices = {{path}};
+          tellux::Syscal(session);
+        }}},
+      {"res2dinv",
+       {"DAT",
+        [](tellux::Session& session, const std::string& path) {
+          static_cast<tellux::BatchDialogs&>(session.dialogs).open_choices = {{path}};
+          tellux::RES2DINV(
+              session, [](tellux::R2diForm& f) { f.done = true; },
+              fs::path(path).parent_path().string());
+        }}},
+      {"sheet",
+       {"TXT",
+        [](tellux::Session& session, const std::string& path) {
+          static_cast<tellux::BatchDialogs&>(session.dialogs).open_choices = {{kSpreads}, {path}};
+          tellux::multiple_soundings_sheet(session);
+        }}},
+      {"abem", {"VES", instrument(Instrument::Abem)}},
+      {"sas1000", {"amp", instrument(Instrument::Sas1000)}},
+      {"geotrade", {"GTR", instrument(Instrument::Geotrade)}},
+      {"pasi", {"TXT", instrument(Instrument::Pasi)}},
+      {"astier", {"dat", instrument(Instrument::Astier)}},
+      {"oyo", {"csv", instrument(Instrument::Oyo)}},
+  };
+  return all;
+}
+
+// A file of 100 MB: the format's largest corpus file, then zeros.
+void BM_HundredMegabytes(benchmark::State& state, const std::string& format) {
+  const auto& [extension, flow] = formats().at(format);
+  const fs::path scratch = fs::temp_directory_path() / ("tellux_big_" + std::to_string(::getpid()));
+  fs::create_directories(scratch);
+  const fs::path big = scratch / ("big." + extension);
+  {
+    std::ofstream(big, std::ios::binary)
+        << tellux::fuzz::largest_input(TELLUX_SOURCE_DIR "/tests/fuzz", format);
+  }
   fs::resize_file(big, 100u << 20);
   for (auto _ : state) {
     tellux::SoundingState s;
     tellux::BatchDialogs dialogs{nullptr};
     tellux::RecordingForms forms;
     tellux::Session session{s, dialogs, forms};
-    s.FilePath = big.string();
-    s.FileName = big.filename().string();
-    tellux::open_sounding(session);
+    flow(session, big.string());
   }
-  fs::remove(big);
+  fs::remove_all(scratch);
   state.counters["peak_MB"] = peak_megabytes();
 }
 
@@ -61,8 +138,10 @@ const bool kRegistered = [] {
     benchmark::RegisterBenchmark(("BM_ReaderOnFourMegabytes/" + target).c_str(),
                                  BM_ReaderOnFourMegabytes, target)
         ->Unit(benchmark::kMillisecond);
-  benchmark::RegisterBenchmark("BM_OpenHundredMegabytes", BM_OpenHundredMegabytes)
-      ->Unit(benchmark::kMicrosecond);
+  for (const auto& [format, flow] : formats())
+    benchmark::RegisterBenchmark(("BM_HundredMegabytes/" + format).c_str(), BM_HundredMegabytes,
+                                 format)
+        ->Unit(benchmark::kMicrosecond);
   return true;
 }();
 
