@@ -13,17 +13,16 @@ namespace tellux::cli {
 
 namespace {
 void to_stderr(const std::string& message) { std::fprintf(stderr, "%s\n", text(message).c_str()); }
+}  // namespace
 
-// Why a file cannot be read, in the system's words; empty when it can.
 std::string unreadable_because(const std::string& path) {
-  std::error_code ec;
-  if (std::filesystem::is_directory(path, ec)) return std::strerror(EISDIR);
-  std::FILE* f = std::fopen(path.c_str(), "rb");
-  if (!f) return std::strerror(errno);
-  std::fclose(f);
+  try {
+    rt::check_readable(path);
+  } catch (const rt::RuntimeError& e) {
+    return e.reason();
+  }
   return {};
 }
-}  // namespace
 
 Cli::Cli() : dialogs(to_stderr) {}
 

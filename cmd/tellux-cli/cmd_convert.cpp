@@ -19,8 +19,9 @@ namespace fs = std::filesystem;
 std::string absolute(const std::string& path) { return fs::absolute(path).string(); }
 
 // Runs `convert` in `out_dir` (the files it names relative to the current folder land there),
-// then prints the files written and the messages.
-int report_files(Cli& cli, const std::string& out_dir,
+// then prints the files written and the messages. An input the program would not read is named
+// with its reason and fails the command, also where the converter itself says nothing.
+int report_files(Cli& cli, const std::string& out_dir, const std::vector<std::string>& inputs,
                  const std::function<std::vector<std::string>()>& convert) {
   const fs::path before = fs::current_path();
   if (!out_dir.empty()) {
@@ -40,7 +41,14 @@ int report_files(Cli& cli, const std::string& out_dir,
   for (const std::string& f : files) j["Files"].push_back(text(absolute(fs::path(out_dir) / f)));
   j["Messages"] = cli.messages();
   cli.print(j);
-  return cli.status();
+  bool unreadable = false;
+  for (const std::string& input : inputs) {
+    if (const std::string reason = unreadable_because(input); !reason.empty()) {
+      Cli::complain(input + ": " + reason);
+      unreadable = true;
+    }
+  }
+  return unreadable ? 1 : cli.status();
 }
 
 }  // namespace
@@ -118,7 +126,9 @@ Command convert_command(CLI::App& root) {
               const std::string spreads =
                   io->spreads.empty() ? cli.settings.SevFile : absolute(io->spreads);
               const std::string out = io->out.empty() ? "" : absolute(io->out);
-              return report_files(cli, "", [&, k = kind] {
+              std::vector<std::string> inputs{io->file};
+              if (!io->spreads.empty()) inputs.push_back(io->spreads);
+              return report_files(cli, "", inputs, [&, k = kind] {
                 const auto path = convert_instrument(cli.session, k, spreads, out);
                 return path ? std::vector<std::string>{*path} : std::vector<std::string>{};
               });
@@ -126,7 +136,7 @@ Command convert_command(CLI::App& root) {
             if (syscal->parsed()) {
               cli.dialogs.open_choices.push_back({absolute(o->file)});
               for (const std::string& n : o->names) cli.dialogs.inputs.push_back(n);
-              return report_files(cli, o->out_dir, [&] { return Syscal(cli.session); });
+              return report_files(cli, o->out_dir, {o->file}, [&] { return Syscal(cli.session); });
             }
             if (res2dinv->parsed()) {
               if (!o->array.empty()) apply_array(cli.s, o->array);
@@ -140,11 +150,12 @@ Command convert_command(CLI::App& root) {
                 f.done = true;
               };
               const std::string out = o->out_dir.empty() ? "" : absolute(o->out_dir);
-              return report_files(cli, "", [&] { return RES2DINV(cli.session, form, out); });
+              return report_files(cli, "", {o->file},
+                                  [&] { return RES2DINV(cli.session, form, out); });
             }
             cli.dialogs.open_choices.push_back({absolute(o->spreads)});
             cli.dialogs.open_choices.push_back({absolute(o->values)});
-            return report_files(cli, o->out_dir,
+            return report_files(cli, o->out_dir, {o->spreads, o->values},
                                 [&] { return multiple_soundings_sheet(cli.session); });
           }};
 }
@@ -172,7 +183,7 @@ Command rename_backup_command(CLI::App& root) {
   app->add_option("FILE", *file, "The backup file")->required();
   return {app, [file](Cli& cli) {
             cli.dialogs.open_choices.push_back({absolute(*file)});
-            return report_files(cli, "", [&] {
+            return report_files(cli, "", {}, [&] {
               const auto path = rename_backup(cli.session);
               return path ? std::vector<std::string>{*path} : std::vector<std::string>{};
             });
@@ -202,7 +213,7 @@ Command export_txl_command(CLI::App& root) {
               s.LayerHistory.erase();
             }
             cli.dialogs.save_choices.push_back(absolute(o->out));
-            return report_files(cli, "", [&] {
+            return report_files(cli, "", {}, [&] {
               const auto path = export_txl(cli.session);
               return path ? std::vector<std::string>{*path} : std::vector<std::string>{};
             });

@@ -97,6 +97,7 @@ std::vector<std::string> Syscal(Session& session) {
   try {
     file = read_syscal(rt::read_whole_file(s.FilePath));
   } catch (const rt::RuntimeError&) {
+    tell_read_error(session);  // a file it will not read: missing, a pipe or device, too large
     return written;
   }
   const std::vector<std::string> names = syscal_soundings(file);

@@ -128,12 +128,12 @@ void read_overlay(SoundingState& s, rt::TokenReader& in) {
   read_strings(in, targets);
 }
 
+}  // namespace
+
 void tell_read_error(Session& session) {
   session.tell(session.text("Erreur lors de la lecture du fichier...", "Error al leer fichero...",
                             "Reading File Error..."));
 }
-
-}  // namespace
 
 bool read_sounding_file(Session& session, std::string& path) {
   SoundingState& s = session.s;

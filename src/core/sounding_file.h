@@ -12,6 +12,9 @@ namespace tellux {
 // Error..." and keeps what was read so far. Returns false on a failure or when no file is set.
 bool read_sounding_file(Session& session, std::string& path);
 
+// Shows "Reading File Error..." in the program's language.
+void tell_read_error(Session& session);
+
 // Writes the current sounding as TX3. Asks first (unless the work mode is "FICHIER"), offers the
 // save dialog when the sounding has no name or the user says No, and after a failed write starts
 // again so that the user can choose another name or cancel. The old file stays whole until the

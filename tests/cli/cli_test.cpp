@@ -1,6 +1,7 @@
 // The batch command and the desktop program as a script runs them: arguments, exit status,
 // standard output and standard error.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -28,7 +29,8 @@ CliRun cli(const std::string& args) { return tellux::testing::run_cli(kTmp, args
 CliRun run(const std::string& line) { return tellux::testing::run_line(kTmp, line); }
 
 TEST(BatchCommand, ArgumentsStatusAndStreams) {
-  const fs::path missing = kTmp / "missing.TX3";
+  const fs::path missing = kTmp / "missing.TX3", pipe = kTmp / "pipe.DAT";
+  ::mkfifo(pipe.c_str(), 0600);  // opened, it would wait for ever for a writer
   const std::tuple<std::string, int, std::string, std::string> cases[] = {
       {"--help", 0, "compute", ""},
       {"fit --help", 0, "--thickness-decimals", ""},
@@ -40,6 +42,8 @@ TEST(BatchCommand, ArgumentsStatusAndStreams) {
       {"open " + missing.string(), 1, "",
        "Reading File Error...\ntellux-cli: " + missing.string() + ": No such file or directory"},
       {"--lang F open " + missing.string(), 1, "", "Erreur"},
+      {"open " + pipe.string(), 1, "", pipe.string() + ": not a regular file"},
+      {"convert syscal " + pipe.string(), 1, "Reading File Error", "not a regular file"},
       {"profile " + kSample + " " + (kTmp / "x.TX3").string(), 2, "", "one folder"},
       {"colours --anchors 1,2,3", 2, "", "--anchors"},
       {"colours --min 10 --max 2000 --classify 133.9,134", 0, "\"Classes\":[1,2]", ""},

@@ -19,19 +19,24 @@ namespace tellux::rt {
 
 namespace fs = std::filesystem;
 
-std::string read_whole_file(const std::string& path, std::uintmax_t largest) {
+void check_readable(const std::string& path, std::uintmax_t largest) {
   std::error_code ec;
-  if (path.empty()) raise(kFileNotFound);
   const fs::path p(path);
-  if (!fs::exists(p, ec)) {
+  if (path.empty() || !fs::exists(p, ec)) {
     const fs::path parent = p.parent_path();
-    raise(parent.empty() || fs::is_directory(parent, ec) ? kFileNotFound : kPathNotFound);
+    raise(parent.empty() || fs::is_directory(parent, ec) ? kFileNotFound : kPathNotFound,
+          std::strerror(ENOENT));
   }
   if (fs::is_directory(p, ec)) raise(kPathFileAccess, std::strerror(EISDIR));
   // Only plain files: a pipe would block for ever and a device never end.
   if (!fs::is_regular_file(p, ec)) raise(kPathFileAccess, "not a regular file");
   if (fs::file_size(p, ec) > largest) raise(kPathFileAccess, "file too large");
-  std::ifstream in(p, std::ios::binary);
+  if (::access(path.c_str(), R_OK) != 0) raise(kPathFileAccess, std::strerror(errno));
+}
+
+std::string read_whole_file(const std::string& path, std::uintmax_t largest) {
+  check_readable(path, largest);
+  std::ifstream in(path, std::ios::binary);
   if (!in) raise(kPathFileAccess, std::strerror(EACCES));
   std::ostringstream all;
   all << in.rdbuf();

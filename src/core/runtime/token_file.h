@@ -11,9 +11,13 @@
 
 namespace tellux::rt {
 
-// Reads a whole file into memory. Error 53 when it does not exist, 76 when its folder does not,
-// 75 when it cannot be read or is larger than `largest` bytes. No file of the program comes
-// near 4 MB; a larger one is not read into memory.
+// Raises unless `path` is a plain file of at most `largest` bytes that can be read: error 53
+// when it does not exist, 76 when its folder does not, 75 for a folder, a pipe, a device or a
+// larger file, each with the reason. It never blocks: a pipe is not opened. No file of the
+// program comes near 4 MB; a larger one is not read into memory.
+void check_readable(const std::string& path, std::uintmax_t largest = 4u << 20);
+
+// Reads a whole file into memory once `check_readable` lets it.
 std::string read_whole_file(const std::string& path, std::uintmax_t largest = 4u << 20);
 
 class TokenReader {
