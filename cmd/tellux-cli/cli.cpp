@@ -1,8 +1,6 @@
 #include "cli.h"
 
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 
 #include "core/open_flow.h"

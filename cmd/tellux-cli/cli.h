@@ -89,6 +89,7 @@ void apply_array(SoundingState& s, const std::string& array);
 // Why the program will not read `path` (missing, a folder, a pipe or device, too large,
 // forbidden), in the system's words; empty when it will. Never blocks.
 std::string unreadable_because(const std::string& path);
+
 // Reads FILE as the program does when it opens a sounding by name. False, with the reason on
 // standard error after the program's own message, when the file could not be read.
 bool open_file(Cli& cli, const std::string& path);
