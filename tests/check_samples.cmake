@@ -1,8 +1,8 @@
-# The bundled samples are exactly what tellux-make-samples makes:
-#   cmake -DTOOL=... -DOUT=... -DSAMPLES=... -P check_samples.cmake
+# The bundled samples and those of the tests are exactly what tellux-make-samples makes:
+#   cmake -DTOOL=... -DOUT=... -DSAMPLES=... -DTESTDATA=... -P check_samples.cmake
 file(REMOVE_RECURSE "${OUT}")
-file(MAKE_DIRECTORY "${OUT}")
-execute_process(COMMAND "${TOOL}" "${OUT}" RESULT_VARIABLE failed)
+file(MAKE_DIRECTORY "${OUT}/tests")
+execute_process(COMMAND "${TOOL}" "${OUT}" "${OUT}/tests" RESULT_VARIABLE failed)
 if(failed)
   message(FATAL_ERROR "tellux-make-samples failed")
 endif()
@@ -16,5 +16,13 @@ foreach(name IN LISTS bundled)
                   RESULT_VARIABLE differs)
   if(differs)
     message(FATAL_ERROR "samples/${name} is not what tellux-make-samples makes")
+  endif()
+endforeach()
+file(GLOB made_for_tests RELATIVE "${OUT}/tests" "${OUT}/tests/*.TX3")
+foreach(name IN LISTS made_for_tests)
+  execute_process(COMMAND "${CMAKE_COMMAND}" -E compare_files "${TESTDATA}/${name}"
+                          "${OUT}/tests/${name}" RESULT_VARIABLE differs)
+  if(differs)
+    message(FATAL_ERROR "tests/data/report/${name} is not what tellux-make-samples makes")
   endif()
 endforeach()

@@ -2,7 +2,8 @@
 // forward curve of a known model at usual spacings, with a little deterministic noise, and the
 // readings (MN/2, DeltaV, K, I) that would have given them. K and the resistivity are worked out
 // and rounded as the field sheet's Compute does, so computing a sample's sheet changes no point.
-//   tellux-make-samples OUTDIR
+//   tellux-make-samples OUTDIR [TESTDATADIR]
+// With TESTDATADIR, the samples of the tests (tests/data/report) are made there too.
 #include <cmath>
 #include <cstdio>
 #include <string>
@@ -30,6 +31,7 @@ struct Sample {
   double noise;     // relative amplitude of the noise
   bool keep_model;  // write the true model into the file
   const char* title;
+  bool dense = false;  // 50 readings, for the tests of long reports
 };
 
 // Spacings of a usual field sheet; a splice repeats AB/2 where MN/2 grows.
@@ -37,12 +39,26 @@ struct Spacing {
   double ab, mn;
 };
 
-std::vector<Spacing> spacings(SpreadType spread) {
-  const double ab[] = {1,  1.5, 2,  3,  4,  5,   6,   8,   10,  10,  12,  15,  20,  25,
-                       30, 40,  50, 60, 80, 100, 100, 120, 150, 200, 250, 300, 400, 500};
+// Fifteen spacings a decade from 1 m, two significant digits, three splices: 50 readings.
+std::vector<double> dense_spacings() {
+  std::vector<double> ab;
+  for (int j = 0; j < 47; ++j) {
+    const double v = std::pow(10.0, j / 15.0);
+    const double unit = std::pow(10.0, std::floor(std::log10(v)) - 1);
+    ab.push_back(std::round(v / unit) * unit);
+    if (j == 15 || j == 30 || j == 40) ab.push_back(ab.back());
+  }
+  return ab;
+}
+
+std::vector<Spacing> spacings(SpreadType spread, bool dense) {
+  const std::vector<double> usual = {1,   1.5, 2,   3,   4,   5,   6,   8,  10, 10,
+                                     12,  15,  20,  25,  30,  40,  50,  60, 80, 100,
+                                     100, 120, 150, 200, 250, 300, 400, 500};
+  const std::vector<double> ab = dense ? dense_spacings() : usual;
   std::vector<Spacing> out;
   int splices = 0;
-  for (size_t i = 0; i < std::size(ab); ++i) {
+  for (size_t i = 0; i < ab.size(); ++i) {
     if (i > 0 && ab[i] == ab[i - 1]) ++splices;
     const double mn = splices == 0 ? 0.5 : splices == 1 ? 2.5 : 10.0;
     if (spread == SpreadType::Schlumberger) {
@@ -89,7 +105,7 @@ bool make(const Sample& sample, const std::string& dir) {
     s.LayerModel(i, 2) = l.thickness;
   }
   s.LayerCount = static_cast<int16_t>(i);
-  const auto rows = spacings(sample.spread);
+  const auto rows = spacings(sample.spread, sample.dense);
   s.FieldCount = static_cast<int16_t>(rows.size());
   for (size_t r = 0; r < rows.size(); ++r) s.FieldTable(static_cast<int>(r + 1), 1) = rows[r].ab;
   s.MaxAbHalf = 1;
@@ -133,9 +149,31 @@ bool make(const Sample& sample, const std::string& dir) {
 
 }  // namespace
 
+// Twenty layers of alternating resistivity, thicker with depth.
+std::vector<Layer> twenty_layers() {
+  std::vector<Layer> layers;
+  for (int i = 0; i < 19; ++i)
+    layers.push_back(
+        {i % 2 ? 25.0 + 5 * i : 150.0 + 20 * i, std::round(8 * std::pow(1.2, i)) / 10});
+  layers.push_back({300, 0});
+  return layers;
+}
+
+// The samples of the tests: a long sounding with a model of twenty layers.
+int make_test_samples(const std::string& dir) {
+  const Sample long_sounding{"long_sounding.TX3",
+                             SpreadType::Schlumberger,
+                             twenty_layers(),
+                             0.02,
+                             true,
+                             "Fifty readings, twenty layers",
+                             true};
+  return make(long_sounding, dir) ? 0 : 1;
+}
+
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::fprintf(stderr, "usage: tellux-make-samples OUTDIR\n");
+  if (argc != 2 && argc != 3) {
+    std::fprintf(stderr, "usage: tellux-make-samples OUTDIR [TESTDATADIR]\n");
     return 2;
   }
   const Sample samples[] = {
@@ -173,5 +211,6 @@ int main(int argc, char** argv) {
   };
   int failed = 0;
   for (const Sample& sample : samples) failed += make(sample, argv[1]) ? 0 : 1;
+  if (argc == 3) failed += make_test_samples(argv[2]);
   return failed;
 }

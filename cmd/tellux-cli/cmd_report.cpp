@@ -51,7 +51,7 @@ std::vector<double> numbers(const std::string& text, size_t count, const char* o
 // sheet at 150 dpi in the report's logical coordinates, then painted on its PDF page. The drawing
 // operations of every sheet are kept in `record`.
 QString print_direct(Cli& cli, const std::string& title, double width, double height,
-                     const std::string& path, RecordingSurface& record) {
+                     const std::string& path, RecordingSurface& record, int& sheets) {
   constexpr double kDpi = 150;
   QtDrawingSurface sheet(static_cast<int>(width / 1440 * kDpi),
                          static_cast<int>(height / 1440 * kDpi));
@@ -67,10 +67,12 @@ QString print_direct(Cli& cli, const std::string& title, double width, double he
       sheet.render(painter);
     };
     printer.Cls();
+    sheets = 1;
     PrintReportDirect(cli.session, printer, title, [&] {
       paint_sheet();
       pdf.newPage();
       printer.Cls();
+      ++sheets;
     });
     paint_sheet();
     return painter.end();
@@ -117,7 +119,9 @@ int report(Cli& cli, const ReportOptions& o) {
     j["PageWidth"] = page.PageWidth;
     j["PageHeight"] = page.PageHeight;
     RecordingSurface record;
-    QString why = print_direct(cli, title, page.PageWidth, page.PageHeight, o.pdf, record);
+    int sheets = 0;
+    QString why = print_direct(cli, title, page.PageWidth, page.PageHeight, o.pdf, record, sheets);
+    j["PageCount"] = sheets;
     if (!why.isEmpty()) Cli::complain("cannot write " + o.pdf + ": " + why.toStdString());
     if (!o.ops.empty() && !record.save(o.ops)) {
       Cli::complain("cannot write " + o.ops);

@@ -18,7 +18,7 @@ std::string Record_WMF(Session& session, const PageDocument& page, bool section,
   namespace fs = std::filesystem;
   // A cancelled box gives an empty name: the write then fails without a file.
   const std::string name = session.dialogs
-                               .input("Enter the file name", "WMF file option",
+                               .input("Enter the file name", "SVG file option",
                                       picture_file_name(session.s.FilePath, section))
                                .value_or("");
   std::error_code error;
@@ -38,9 +38,15 @@ std::string Record_WMF(Session& session, const PageDocument& page, bool section,
                  Icon::Exclamation);
     return {};
   }
-  const double kilobytes = rt::CLng(static_cast<double>(fs::file_size(name, error)) / 1000);
-  session.tell(name + " " + rt::CStr(kilobytes) + " Kb has been recorded", Icon::Information);
+  tell_recorded(session, name);
   return name;
+}
+
+void tell_recorded(Session& session, const std::string& name) {
+  std::error_code error;
+  const auto bytes = std::filesystem::file_size(name, error);
+  const double kilobytes = rt::CLng(error ? 0.0 : static_cast<double>(bytes) / 1000);
+  session.tell(name + " " + rt::CStr(kilobytes) + " Kb has been recorded", Icon::Information);
 }
 
 void copy_diagram(Session& session, Pictures& pictures) {

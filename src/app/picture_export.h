@@ -16,10 +16,14 @@ namespace tellux {
 std::string picture_file_name(const std::string& FilePath, bool section);
 
 // "Record WMF" of the report (`Record_WMF`) or of the section (`Command16`): the name asked in an
-// input box, the question on an existing file, the page on the clipboard and in the file, and the
-// size in a message. Returns the path written, or an empty text.
+// input box titled for SVG, the question on an existing file, the page on the clipboard and in the
+// file, and the size in a message. Returns the path written, or an empty text.
 std::string Record_WMF(Session& session, const PageDocument& page, bool section,
                        Pictures& pictures);
+
+// The box that says where a picture or a PDF was written: the path, its size in Kb (bytes over
+// 1000, rounded) and " Kb has been recorded".
+void tell_recorded(Session& session, const std::string& name);
 
 // "Copy the diagram" (menu `CopyClipBoard`, toolbar "Clip_Bd"): the picture, then the message.
 void copy_diagram(Session& session, Pictures& pictures);

@@ -1,5 +1,8 @@
 #include "app/print_tab.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "core/runtime/arithmetic.h"
 #include "core/runtime/discipline.h"
 #include "core/runtime/number_text.h"
@@ -14,12 +17,16 @@ PrintTab::PrintTab(Session& session, Settings& settings, PageDocument& VSPrint)
     cmbZoomMode.AddItem(m);
 }
 
+void PrintTab::margins_to_page() {
+  VSPrint_.MarginLeft = settings_.LeftMargin;
+  VSPrint_.MarginTop = settings_.UpperMargin;
+  VSPrint_.MarginRight = settings_.RightMargin;
+  VSPrint_.MarginBottom = settings_.BottomMargin;
+}
+
 void PrintTab::build() {
   if (rebuild) {
-    VSPrint_.MarginLeft = settings_.LeftMargin;
-    VSPrint_.MarginTop = settings_.UpperMargin;
-    VSPrint_.MarginRight = settings_.RightMargin;
-    VSPrint_.MarginBottom = settings_.BottomMargin;
+    margins_to_page();
     rebuild();
   } else {
     ReportTitle = build_report(session_, VSPrint_, settings_.LeftMargin, settings_.UpperMargin,
@@ -48,6 +55,7 @@ void PrintTab::cmbZoomMode_Click() {
   ZoomMode = std::max(0, cmbZoomMode.ListIndex());
   cmbPercent_Enabled = ZoomMode == 0;
   if (cmbPercent_Enabled) cmbPercent_Click();
+  after_document();  // the read-out of one page or of two
 }
 
 void PrintTab::scrlpage_Change(int value) {
@@ -60,7 +68,10 @@ void PrintTab::scrlpage_Change(int value) {
 void PrintTab::after_document() {
   const int m = VSPrint_.PageCount();
   scrlpage_Max = std::max(1, m);
+  // A document with fewer pages than before brings the page shown back into it.
   const int n = std::clamp(VSPrint_.PreviewPage, 1, scrlpage_Max);
+  VSPrint_.PreviewPage = n;
+  scrlpage = n;
   if (ZoomMode == 2)
     lblpage.Caption = rt::CStr(n) + " - " + rt::CStr(std::min(n + 1, m)) + " of " + rt::CStr(m);
   else
@@ -82,20 +93,59 @@ void PrintTab::cmdPrint_Click() {
         Answer::Yes)
       copies = 1;
   }
+  if (copies >= 1 && VSPrint_.PageCount() != 0) fit_to_paper();
   for (int copy = 1; copy <= copies; ++copy) {
     if (VSPrint_.PageCount() == 0 || !print_pages) continue;
-    if (First_page.Value == 1)
-      print_pages(1, 1);
-    else
-      print_pages(1, VSPrint_.PageCount());
+    const int code = print_pages(1, First_page.Value == 1 ? 1 : VSPrint_.PageCount());
+    if (code == 0) continue;
+    session_.dialogs.message(
+        "The VSPrinter control raised the Error event with the " + rt::CStr(code) + " code.\n\n" +
+            session_.text("L'impression n'a pas pu commencer : aucune imprimante n'est prête. "
+                          "Choisissez une imprimante, ou « Print to File (PDF) », avec "
+                          "« Printer setup », puis imprimez de nouveau.",
+                          "La impresión no pudo empezar: ninguna impresora está lista. Elija una "
+                          "impresora, o «Print to File (PDF)», en «Printer setup», y vuelva a "
+                          "imprimir.",
+                          "Printing could not begin: no printer is ready. Choose a printer, or "
+                          "\"Print to File (PDF)\", in \"Printer setup\", then print again."),
+        Buttons::Ok, Icon::None, kProgramTitle);
+    return;
   }
+}
+
+bool PrintTab::fit_to_paper() {
+  if (!paper) return false;
+  const auto [width, height] = paper();
+  // Within a twip the sheet is the same: sizes go through points and millimetres on the way.
+  if (width < 1000 || height < 1000 ||
+      (std::abs(width - VSPrint_.PageWidth) < 1 && std::abs(height - VSPrint_.PageHeight) < 1))
+    return false;
+  VSPrint_.PageWidth = width;
+  VSPrint_.PageHeight = height;
+  build();
+  return true;
 }
 
 void PrintTab::setup(int kind) {
   const double width = VSPrint_.PageWidth, height = VSPrint_.PageHeight;
+  // The dialog shows the margins the report uses, and margins changed there become the report's.
+  margins_to_page();
   if (print_dialog) print_dialog(kind);
+  const auto twips = [](double v) {
+    return static_cast<int16_t>(std::lround(std::clamp(v, 0.0, 32767.0)));
+  };
+  const bool margins = twips(VSPrint_.MarginLeft) != settings_.LeftMargin ||
+                       twips(VSPrint_.MarginTop) != settings_.UpperMargin ||
+                       twips(VSPrint_.MarginRight) != settings_.RightMargin ||
+                       twips(VSPrint_.MarginBottom) != settings_.BottomMargin;
+  if (margins) {
+    settings_.LeftMargin = twips(VSPrint_.MarginLeft);
+    settings_.UpperMargin = twips(VSPrint_.MarginTop);
+    settings_.RightMargin = twips(VSPrint_.MarginRight);
+    settings_.BottomMargin = twips(VSPrint_.MarginBottom);
+  }
   // The report computes its scale from the new sheet itself.
-  if (VSPrint_.PageWidth != width || VSPrint_.PageHeight != height) build();
+  if (margins || VSPrint_.PageWidth != width || VSPrint_.PageHeight != height) build();
   Label18.Caption = "Paper size= " + rt::CStr(rt::CInt(VSPrint_.PageHeight / 56.7)) + " / " +
                     rt::CStr(rt::CInt(VSPrint_.PageWidth / 56.7));
 }

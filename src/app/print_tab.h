@@ -4,6 +4,7 @@
 // hooks below, which tests and batch work answer themselves.
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/session.h"
@@ -51,13 +52,22 @@ class PrintTab {
   void cmdPrinterSetup_Click() { setup(0); }
 
   // The desktop's side.
-  std::function<void(int from, int to)> print_pages;  // `PrintDoc`; from 1, `to` included
-  std::function<void(int kind)> print_dialog;         // shows a setup; returns when it closes
+  // `PrintDoc`: pages from 1, `to` included, at their own size on the sheet; 0 when they went to
+  // the printer, else the error code of a printer that could not begin (it is released then).
+  std::function<int(int from, int to)> print_pages;
+  std::function<void(int kind)> print_dialog;  // shows a setup; returns when it closes
   std::function<std::vector<std::string>()> font_names;
+  // The printer's sheet as it lies, twips: width, height.
+  std::function<std::pair<double, double>()> paper;
+
+  // The document takes the printer's sheet when it differs and is built anew on it, so that a
+  // decade keeps its length on both axes; true when it was rebuilt.
+  bool fit_to_paper();
 
  private:
   void setup(int kind);
   void build();
+  void margins_to_page();
 
   Session& session_;
   Settings& settings_;

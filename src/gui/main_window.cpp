@@ -175,7 +175,7 @@ void MainWindow::instrument(Instrument kind) {
   app_.main.Text4.Text = kArrays[static_cast<int>(app_.s.Spread)];
 }
 
-// The preview's pages as one PDF, where the save dialog says; a failed write is said.
+// The preview's pages as one PDF, where the save dialog says; where it went, or why not, is said.
 void MainWindow::save_pdf(const PageDocument& page, const char* proposed) {
   FileDialogRequest request;
   request.filter = "PDF (*.pdf)|*.pdf";
@@ -187,6 +187,8 @@ void MainWindow::save_pdf(const PageDocument& page, const char* proposed) {
   const QString why = write_pdf(page, QString::fromStdString(*path));
   if (!why.isEmpty())
     app_.session.tell("Recording File Error... " + *path + ": " + why.toStdString());
+  else
+    tell_recorded(app_.session, *path);
 }
 
 QAction* MainWindow::action(const QString& name) const { return findChild<QAction*>(name); }

@@ -6,7 +6,6 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPageSetupDialog>
 #include <QPainter>
 #include <QPrintDialog>
@@ -232,7 +231,11 @@ PrintWidget::PrintWidget(PrintTab& tab, PageDocument& document, QWidget* parent)
     for (const QString& family : QFontDatabase::families()) names.push_back(family.toStdString());
     return names;
   };
-  tab_.print_pages = [this](int from, int to) { print(from, to); };
+  tab_.print_pages = [this](int from, int to) { return print(from, to); };
+  tab_.paper = [this] {
+    const QRectF sheet = printer_->pageLayout().fullRect(QPageLayout::Point);
+    return std::pair<double, double>(sheet.width() * 20, sheet.height() * 20);
+  };
   tab_.print_dialog = [this](int kind) { setup(kind); };
   refresh();
 }
@@ -243,29 +246,37 @@ void PrintWidget::run(const std::function<void()>& action) {
   if (on_changed) on_changed();
 }
 
-void PrintWidget::print(int from, int to) {
-  if (!printer_.isValid()) {
-    QMessageBox::warning(this, QStringLiteral("Tellux 6.4"),
-                         QStringLiteral("The VSPrinter control raised the Error event with the "
-                                        "%1 code.")
-                             .arg(1));
-    return;
-  }
-  print_pages(document_, printer_, from, to);
+int PrintWidget::print(int from, int to) {
+  if (print_pages(document_, *printer_, from, to)) return 0;
+  const QPageLayout sheet = printer_->pageLayout();
+  printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  printer_->setPageLayout(sheet);
+  return 1;
 }
 
-// The dialog works on the printer; the page document takes the sheet it leaves.
+// The dialog works on the printer, with the report's margins; the page document takes the sheet
+// and the margins it leaves.
 void PrintWidget::setup(int kind) {
+  constexpr double kTwipsPerPoint = 20;
+  printer_->setPageMargins(QMarginsF(document_.MarginLeft, document_.MarginTop,
+                                     document_.MarginRight, document_.MarginBottom) /
+                               kTwipsPerPoint,
+                           QPageLayout::Point);
   if (kind == 1) {
-    QPageSetupDialog dialog(&printer_, this);
+    QPageSetupDialog dialog(printer_.get(), this);
     if (dialog.exec() != QDialog::Accepted) return;
   } else {
-    QPrintDialog dialog(&printer_, this);
+    QPrintDialog dialog(printer_.get(), this);
     if (dialog.exec() != QDialog::Accepted) return;
   }
-  const QRectF sheet = printer_.pageLayout().fullRect(QPageLayout::Point);
-  document_.PageWidth = sheet.width() * 20;
-  document_.PageHeight = sheet.height() * 20;
+  const QRectF sheet = printer_->pageLayout().fullRect(QPageLayout::Point);
+  document_.PageWidth = sheet.width() * kTwipsPerPoint;
+  document_.PageHeight = sheet.height() * kTwipsPerPoint;
+  const QMarginsF margins = printer_->pageLayout().margins(QPageLayout::Point) * kTwipsPerPoint;
+  document_.MarginLeft = margins.left();
+  document_.MarginTop = margins.top();
+  document_.MarginRight = margins.right();
+  document_.MarginBottom = margins.bottom();
 }
 
 void PrintWidget::refresh() {

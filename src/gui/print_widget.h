@@ -5,6 +5,7 @@
 #include <QPrinter>
 #include <QWidget>
 #include <functional>
+#include <memory>
 
 #include "app/print_tab.h"
 
@@ -47,7 +48,7 @@ class PrintWidget : public QWidget {
   QPushButton* print_button() const { return print_; }
   QLabel* page_label() const { return page_label_; }
   PagePreview* preview() const { return preview_; }
-  QPrinter& printer() { return printer_; }
+  QPrinter& printer() { return *printer_; }
 
   std::function<void()> on_changed;
   // The buttons that send the page out: a picture file, the clipboard, a PDF.
@@ -58,12 +59,14 @@ class PrintWidget : public QWidget {
 
  private:
   void run(const std::function<void()>& action);
-  void print(int from, int to);
+  // 0 when the pages went out; else 1, and the printer that could not begin is replaced by a
+  // fresh one on the same sheet, so that the next setup and print start clean.
+  int print(int from, int to);
   void setup(int kind);
 
   PrintTab& tab_;
   PageDocument& document_;
-  QPrinter printer_{QPrinter::HighResolution};
+  std::unique_ptr<QPrinter> printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
   QComboBox *percent_, *mode_, *fonts_;
   QScrollBar* page_;
   QLabel *page_label_, *paper_;

@@ -34,23 +34,24 @@ void overlay_depths(Session& session) {
 
 }  // namespace
 
+double LayerAltitude(const SoundingState& s, int r) {
+  // Altitudes keep the decimals of the thicknesses: one for Auto and 1, two for 2.
+  const float f = s.ThicknessDecimals == 0 || s.ThicknessDecimals == 1 ? 10.f : 100.f;
+  return static_cast<double>(
+             rt::CLng((rt::Val(s.LocationZ) - s.LayerModel(r, 3).num()) * static_cast<double>(f))) /
+         static_cast<double>(f);
+}
+
 void ComputeDepths(Session& session) {
   SoundingState& s = session.s;
   if (s.WorkMode == mode::kSuperpose) {
     overlay_depths(session);
     return;
   }
-  // Altitudes keep the decimals of the thicknesses: one for Auto and 1, two for 2.
-  const float f = s.ThicknessDecimals == 0 || s.ThicknessDecimals == 1 ? 10.f : 100.f;
   const bool has_z = !s.LocationZ.empty();
-  const double z = rt::Val(s.LocationZ);
   LayerTableT& m = s.LayerModel;
   const auto altitude = [&](int16_t r) {
-    if (has_z) {
-      s.LayerAltitudes[r] =
-          static_cast<double>(rt::CLng((z - m(r, 3).num()) * static_cast<double>(f))) /
-          static_cast<double>(f);
-    }
+    if (has_z) s.LayerAltitudes[r] = LayerAltitude(s, r);
   };
 
   m(1, 3) = 0.0;

@@ -14,6 +14,10 @@ namespace tellux {
 // instead. Raises error 6 when a value is too large to round.
 void ComputeDepths(Session& session);
 
+// The altitude of layer r's top: `LocationZ` minus the depth in `LayerModel` column 3, rounded to
+// the decimals of the thicknesses. Raises error 6 when it is too large to round.
+double LayerAltitude(const SoundingState& s, int r);
+
 // The plain text of `value` with the decimals of `ThicknessDecimals`: "3", "3.0" or "3.00". A
 // text with more decimals is not cut; it just gets nothing added.
 std::string FormatThickness(const SoundingState& s, const Cell& value);

@@ -72,6 +72,14 @@ const Golden kGolden[] = {
     {"report_dipole_lying.ops",
      "report " + S + "dipole_two.TX3 --array dipole --landscape --steps --ops OUT"},
     {"report_wenner.ops", "report " + S + "wenner_three.TX3 --array wenner --errors --ops OUT"},
+    {"report_long.ops", "report " + D + "report/long_sounding.TX3 --ops OUT"},
+    {"report_long_lying.ops", "report " + D + "report/long_sounding.TX3 --landscape --ops OUT"},
+    {"direct_long.ops",
+     "report " + D + "report/long_sounding.TX3 --landscape --direct --pdf direct.pdf --ops OUT"},
+    {"report_edge_location.ops",
+     "report " + D + "report/edge_location.TX3 --array wenner --ops OUT"},
+    {"report_pasi_wenner.ops",
+     "--lang F report " + D + "report/pasi_wenner.TX3 --array wenner --ops OUT"},
     {"direct_dipole.ops", "report " + S +
                               "dipole_two.TX3 --array dipole --steps --errors --direct --pdf "
                               "direct.pdf --ops OUT"},

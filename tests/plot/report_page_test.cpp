@@ -1,6 +1,9 @@
-// The report against its recorded page operations.
+// The report against its page operations: the tables over as many pages as their rows need, the
+// model's altitudes as the sounding stands, and the direct print's sheets.
 #include "plot/report_page.h"
 
+#include "core/runtime/arithmetic.h"
+#include "core/runtime/number_text.h"
 #include "model/forward.h"
 #include "model/layer_depths.h"
 #include "plot_fixture.h"
@@ -8,12 +11,22 @@
 namespace tellux::testing {
 namespace {
 
+// The direct print's texts with the height each was written at.
+struct PlacedTexts : RecordingSurface {
+  std::vector<std::pair<std::string, float>> placed;
+  void Print(const std::string& text) override {
+    placed.emplace_back(text, CurrentY());
+    RecordingSurface::Print(text);
+  }
+  using RecordingSurface::Print;
+};
+
 class ReportTest : public PlotTest {
  protected:
   void SetUp() override {
     PlotTest::SetUp();
     field({{1, 100}, {10, 40}, {100, 300}});
-    model({{100, 2.125}, {20, 15}, {500, 0}});
+    model({{100, 2}, {20, 15}, {500, 0}});
     s.FileName = "R1.TX3";
     s.LocationX = "1000";
     s.LocationY = "2000";
@@ -29,6 +42,13 @@ class ReportTest : public PlotTest {
     s.WorkMode = "";
     build_report(session, doc, 1134, 1134, 1134, 1245);
   }
+  // Fifty readings (resistivities above 1000) and twenty layers of 80 ohm.m.
+  void long_sounding() {
+    std::vector<std::pair<double, double>> rows;
+    for (double ab : typical_spacings(50)) rows.emplace_back(ab, 1000 + ab);
+    field(rows);
+    model(std::vector<Layer>(20, Layer{80, 0.7}));
+  }
   // The texts written on page `p` (from 1), in order: free texts and table cells.
   std::vector<std::string> texts(int p) const {
     std::vector<std::string> out;
@@ -43,74 +63,62 @@ class ReportTest : public PlotTest {
   PageDocument doc;
 };
 
-// One decimal asked for a thickness the model window has not rounded: the three decimals of 2.125
-// stay and ".0" is added. A lying page puts the text on a page of its own.
-TEST_F(ReportTest, AnUnroundedThicknessAndTheLyingPage) {
-  s.ThicknessDecimals = 1;
-  build(false, false);
-  EXPECT_TRUE(has(1, "2.125.0"));
-  build(true);
-  ASSERT_EQ(doc.PageCount(), 3);
-  EXPECT_FALSE(has(1, "Location   X = 1000    Y = 2000    Z = 120"));
-  EXPECT_TRUE(has(2, "Location   X = 1000    Y = 2000    Z = 120"));
-  EXPECT_TRUE(has(2, "Electrical sounding Schlumberger - R1.TX3"));
-  EXPECT_TRUE(has(2, "near the well"));
-  EXPECT_TRUE(has(3, "Field data and calculated values"));
-  EXPECT_DOUBLE_EQ(s.PlotScale, (11906 - 1134 - 1245 - 30 * 56.7) / (5 * 56.7));
-  EXPECT_EQ(s.WorkMode, "");
+// Every row of both tables stands inside the margins, on pages that repeat the title lines and
+// the table's heading, upright and lying; in the direct print every line stays above the footer,
+// and the location names the azimuth.
+TEST_F(ReportTest, LongTablesGoOnOverPagesInsideTheMargins) {
+  long_sounding();
+  for (const bool lying : {false, true}) {
+    SCOPED_TRACE(lying);
+    build(lying);
+    EXPECT_EQ(doc.PageCount(), 4);
+    std::vector<std::string> cells;
+    for (int p = 1; p <= doc.PageCount(); ++p) {
+      EXPECT_TRUE(has(p, "Electrical sounding Schlumberger - R1.TX3"));
+      bool readings = false, layers = false;
+      for (const PageOp& op : doc.pages()[size_t(p - 1)].ops) {
+        if (op.kind != PageOp::Kind::Cell) continue;
+        EXPECT_LE(op.points[3], doc.PageHeight - doc.MarginBottom) << op.text << " page " << p;
+        cells.push_back(op.text);
+        readings |= rt::Val(op.text) > 1000;
+        layers |= op.text == "80";
+      }
+      EXPECT_EQ(readings, has(p, "[mA]") && has(p, "Field data and calculated values"));
+      EXPECT_EQ(layers,
+                has(p, "Model ") && has(p, "Resistivity     Thickness      Depth        Altitude"));
+    }
+    for (int n = 1; n <= 50; ++n)
+      EXPECT_EQ(std::count(cells.begin(), cells.end(), rt::CStr(s.FieldTable(n, 2))), 1) << n;
+    EXPECT_EQ(std::count(cells.begin(), cells.end(), "80"), 20);
+    EXPECT_TRUE(has(2, "near the well"));
+  }
+  // The direct print, sheet by sheet.
+  s.LocationAzimuth = "45";
+  PlacedTexts sheet;
+  int sheets = 1;
+  PrintReportDirect(session, sheet, report_title(s), [&] { ++sheets; });
+  EXPECT_EQ(sheets, 4);
+  const double dY = s.RhoDecadeEnd - s.RhoDecadeStart;
+  int layers = 0;
+  for (const auto& [text, y] : sheet.placed) {
+    if (text != "Q-Brantis / Tellux 6.4") {
+      EXPECT_GT(y, s.RhoDecadeStart - dY + 0.045 * dY) << text;
+    }
+    layers += text.rfind("        80", 0) == 0;
+  }
+  EXPECT_EQ(layers, 20);
+  EXPECT_TRUE(std::any_of(sheet.placed.begin(), sheet.placed.end(), [](const auto& line) {
+    return line.first == "Location   X = 1000    Y = 2000    Z = 120    Azim = 45";
+  }));
 }
 
-TEST_F(ReportTest, LocationAndModelTableFollowWhatTheSoundingHolds) {
-  s.LocationY.clear();  // no Y: no location line, even with a Z
-  s.LocationZ = "0";    // three columns
-  model({{80, 0}});     // one layer: row 1 and the closing row
+// The altitudes are those of the Z the sounding holds when the report is built.
+TEST_F(ReportTest, AltitudesOfTheZAtHand) {
   build();
-  const auto t = texts(1);
-  EXPECT_EQ(std::count_if(t.begin(), t.end(), [](auto& x) { return x.rfind("Location", 0) == 0; }),
-            0);
-  EXPECT_FALSE(has(1, "Resistivity     Thickness      Depth        Altitude"));
-  const auto heading = std::find(t.begin(), t.end(), "Resistivity     Thickness      Depth");
-  ASSERT_NE(heading, t.end());
-  // Units (3 cells), row 1 (80 ohm.m, no thickness), the closing row (row 2, at depth 0).
-  EXPECT_EQ(std::vector<std::string>(heading + 1, heading + 8),
-            (std::vector<std::string>{"[ohm·m]", "[m]", "[m]", "80", "0", "0", "0"}));
-
-  // A sounding of one reading has no model table at all.
-  field({{1, 100}});
-  s.LocationY = "5";
-  s.LocationAzimuth = "12";
-  s.LocationZ.clear();
-  build();
-  EXPECT_FALSE(has(1, "Model "));
-  EXPECT_TRUE(has(1, "Location   X = 1000    Y = 5    Z =     Azim = 12"));
-}
-
-TEST_F(ReportTest, FieldDataPageByArrayWithPasiUnits) {
-  s.Spread = SpreadType::Wenner;
-  s.DataOrigin = "PASI";
-  use_language('F');
-  build();
-  EXPECT_TRUE(has(1, "Sondage électrique Wenner - R1.TX3"));
-  const auto t = texts(2);
-  const auto head = std::find(t.begin(), t.end(), "a");
-  ASSERT_NE(head, t.end());
-  EXPECT_EQ(std::vector<std::string>(head, head + 10),
-            (std::vector<std::string>{"a", "DeltaV", "I", "K", "Résistivité", "[m]", "[µV]", "[µA]",
-                                      "[-]", "[ohm·m]"}));
-  EXPECT_EQ(s.SpreadTag, "2");
-}
-
-TEST(ReportTexts, PageTextAndPadNumberLeft) {
-  SoundingState s;
-  s.FileName = "X.TX3";
-  s.Language.English = false;
-  s.Language.German = true;
-  EXPECT_EQ(PageText(s, 2), "Elektrische Tiefensondierung Dipole  - X.TX3");
-  EXPECT_EQ(PageText(s, 12), " ");
-  EXPECT_EQ(PadNumberLeft(0), "");
-  EXPECT_EQ(PadNumberLeft(25), std::string(8, ' ') + "25");
-  EXPECT_EQ(PadNumberLeft(2.5), std::string(7, ' ') + "2.5");
-  EXPECT_EQ(PadNumberLeft(1234567), "1234567");  // wider than its place: no blank
+  s.LocationZ = "200";
+  build_report(session, doc, 1134, 1134, 1134, 1245);
+  EXPECT_TRUE(has(1, "183"));  // 200 - 17 at the half space's top
+  EXPECT_FALSE(has(1, "103"));
 }
 
 }  // namespace

@@ -4,9 +4,12 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QScreen>
 #include <QStringList>
+#include <algorithm>
 
 #include "platform/qt/qt_drawing_surface.h"
 
@@ -128,12 +131,18 @@ std::optional<std::string> QtDialogs::show_save_file(const FileDialogRequest& re
 std::optional<std::string> QtDialogs::show_input(const std::string& prompt,
                                                  const std::string& title,
                                                  const std::string& initial) {
-  bool ok = false;
-  const QString text =
-      QInputDialog::getText(parent_, QString::fromStdString(title), text_of(prompt),
-                            QLineEdit::Normal, QString::fromStdString(initial), &ok);
-  if (!ok) return std::nullopt;
-  return text.toStdString();
+  QInputDialog dialog(parent_);
+  dialog.setWindowTitle(QString::fromStdString(title));
+  dialog.setLabelText(text_of(prompt));
+  dialog.setTextValue(QString::fromStdString(initial));
+  // Wide enough for the whole of the proposed text (a path, most often), within the screen.
+  const int wanted = dialog.fontMetrics().horizontalAdvance(dialog.textValue()) + 80;
+  const QScreen* screen = parent_ ? parent_->screen() : QGuiApplication::primaryScreen();
+  const int room = screen ? screen->availableGeometry().width() * 9 / 10 : 1000;
+  dialog.resize(std::clamp(wanted, dialog.sizeHint().width(), std::max(room, 300)),
+                dialog.sizeHint().height());
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  return dialog.textValue().toStdString();
 }
 
 std::optional<int> QtDialogs::show_colour(const std::string& title, int initial) {

@@ -163,15 +163,22 @@ QString write_png(const PageDocument& document, int index, const QString& path, 
   });
 }
 
-void print_pages(const PageDocument& document, QPrinter& printer, int from, int to) {
-  QPainter painter(&printer);
+QRectF sheet_on_printer(const PageDocument& document, const QPrinter& printer) {
+  // Twips to the device's dots, the same factor both ways, from the sheet's corner: the page
+  // keeps its true scale whatever paper the printer holds.
+  const double f = printer.resolution() / kTwipsPerInch;
+  const QRectF printable = printer.pageRect(QPrinter::DevicePixel);
+  return QRectF(-printable.topLeft(), QSizeF(document.PageWidth * f, document.PageHeight * f));
+}
+
+bool print_pages(const PageDocument& document, QPrinter& printer, int from, int to) {
+  QPainter painter;
+  if (!painter.begin(&printer)) return false;
   for (int page = from; page <= to && page <= document.PageCount(); ++page) {
     if (page > from) printer.newPage();
-    // The whole sheet: the printer's own margins are part of it.
-    const QRectF sheet = printer.paperRect(QPrinter::DevicePixel);
-    const QRectF printable = printer.pageRect(QPrinter::DevicePixel);
-    paint_page(document, page - 1, painter, sheet.translated(-printable.topLeft()));
+    paint_page(document, page - 1, painter, sheet_on_printer(document, printer));
   }
+  return painter.end();
 }
 
 }  // namespace tellux

@@ -21,7 +21,11 @@ QString write_pdf(const PageDocument& document, const QString& path);
 // One page as SVG (sheet size in millimetres) and as PNG at `dpi`.
 QString write_svg(const PageDocument& document, int index, const QString& path);
 QString write_png(const PageDocument& document, int index, const QString& path, int dpi = 100);
-// Pages `from` to `to` (from 1) on `printer`, one sheet each.
-void print_pages(const PageDocument& document, QPrinter& printer, int from, int to);
+// Where the sheet of `document` stands in the painter's units of `printer`: at the paper's corner,
+// at its own size in twips on both axes.
+QRectF sheet_on_printer(const PageDocument& document, const QPrinter& printer);
+// Pages `from` to `to` (from 1) on `printer`, one sheet each; false when the printer could not
+// begin (no printer, no file) or did not finish.
+bool print_pages(const PageDocument& document, QPrinter& printer, int from, int to);
 
 }  // namespace tellux
