@@ -39,14 +39,14 @@ struct Spacing {
   double ab, mn;
 };
 
-// Fifteen spacings a decade from 1 m, two significant digits, three splices: 50 readings.
+// Sixteen spacings a decade from 1 m, two significant digits, three splices: 50 readings.
 std::vector<double> dense_spacings() {
   std::vector<double> ab;
   for (int j = 0; j < 47; ++j) {
-    const double v = std::pow(10.0, j / 15.0);
+    const double v = std::pow(10.0, j / 16.0);
     const double unit = std::pow(10.0, std::floor(std::log10(v)) - 1);
     ab.push_back(std::round(v / unit) * unit);
-    if (j == 15 || j == 30 || j == 40) ab.push_back(ab.back());
+    if (j == 16 || j == 32 || j == 40) ab.push_back(ab.back());
   }
   return ab;
 }
@@ -60,7 +60,7 @@ std::vector<Spacing> spacings(SpreadType spread, bool dense) {
   int splices = 0;
   for (size_t i = 0; i < ab.size(); ++i) {
     if (i > 0 && ab[i] == ab[i - 1]) ++splices;
-    const double mn = splices == 0 ? 0.5 : splices == 1 ? 2.5 : 10.0;
+    const double mn = splices == 0 ? 0.5 : splices == 1 ? 2.5 : splices == 2 ? 10.0 : 25.0;
     if (spread == SpreadType::Schlumberger) {
       out.push_back({ab[i], mn});
     } else if (i == 0 || ab[i] != ab[i - 1]) {  // Wenner and dipole have no splices
