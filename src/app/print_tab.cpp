@@ -100,14 +100,15 @@ void PrintTab::cmdPrint_Click() {
     if (code == 0) continue;
     session_.dialogs.message(
         "The VSPrinter control raised the Error event with the " + rt::CStr(code) + " code.\n\n" +
-            session_.text("L'impression n'a pas pu commencer : aucune imprimante n'est prête. "
-                          "Choisissez une imprimante, ou « Print to File (PDF) », avec "
-                          "« Printer setup », puis imprimez de nouveau.",
-                          "La impresión no pudo empezar: ninguna impresora está lista. Elija una "
-                          "impresora, o «Print to File (PDF)», en «Printer setup», y vuelva a "
-                          "imprimir.",
-                          "Printing could not begin: no printer is ready. Choose a printer, or "
-                          "\"Print to File (PDF)\", in \"Printer setup\", then print again."),
+            session_.text(
+                "L'impression n'a pas pu commencer : aucune imprimante n'est prête. "
+                "Choisissez une imprimante, ou «\xC2\xA0Print to File (PDF)\xC2\xA0», avec "
+                "«\xC2\xA0Printer setup\xC2\xA0», puis imprimez de nouveau.",
+                "La impresión no pudo empezar: ninguna impresora está lista. Elija una "
+                "impresora, o «Print to File (PDF)», en «Printer setup», y vuelva a "
+                "imprimir.",
+                "Printing could not begin: no printer is ready. Choose a printer, or "
+                "\"Print to File (PDF)\", in \"Printer setup\", then print again."),
         Buttons::Ok, Icon::None, kProgramTitle);
     return;
   }
@@ -116,9 +117,11 @@ void PrintTab::cmdPrint_Click() {
 bool PrintTab::fit_to_paper() {
   if (!paper) return false;
   const auto [width, height] = paper();
-  // Within a twip the sheet is the same: sizes go through points and millimetres on the way.
+  // Within half a millimetre the sheet is the same: the toolkit gives A4 in whole points.
+  constexpr double kSameSheet = 28;
   if (width < 1000 || height < 1000 ||
-      (std::abs(width - VSPrint_.PageWidth) < 1 && std::abs(height - VSPrint_.PageHeight) < 1))
+      (std::abs(width - VSPrint_.PageWidth) < kSameSheet &&
+       std::abs(height - VSPrint_.PageHeight) < kSameSheet))
     return false;
   VSPrint_.PageWidth = width;
   VSPrint_.PageHeight = height;

@@ -1,5 +1,7 @@
 #include "gui/print_widget.h"
 
+#include <cmath>
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFontDatabase>
@@ -257,11 +259,11 @@ int PrintWidget::print(int from, int to) {
 // The dialog works on the printer, with the report's margins; the page document takes the sheet
 // and the margins it leaves.
 void PrintWidget::setup(int kind) {
-  constexpr double kTwipsPerPoint = 20;
+  constexpr double kTwipsPerPoint = 20, kTwipsPerMm = 56.7;
   printer_->setPageMargins(QMarginsF(document_.MarginLeft, document_.MarginTop,
                                      document_.MarginRight, document_.MarginBottom) /
-                               kTwipsPerPoint,
-                           QPageLayout::Point);
+                               kTwipsPerMm,
+                           QPageLayout::Millimeter);
   if (kind == 1) {
     QPageSetupDialog dialog(printer_.get(), this);
     if (dialog.exec() != QDialog::Accepted) return;
@@ -272,11 +274,16 @@ void PrintWidget::setup(int kind) {
   const QRectF sheet = printer_->pageLayout().fullRect(QPageLayout::Point);
   document_.PageWidth = sheet.width() * kTwipsPerPoint;
   document_.PageHeight = sheet.height() * kTwipsPerPoint;
-  const QMarginsF margins = printer_->pageLayout().margins(QPageLayout::Point) * kTwipsPerPoint;
-  document_.MarginLeft = margins.left();
-  document_.MarginTop = margins.top();
-  document_.MarginRight = margins.right();
-  document_.MarginBottom = margins.bottom();
+  // The printer keeps margins to its own grain (whole points): a margin the user did not change
+  // comes back within half a point and stays as it was.
+  const QMarginsF m = printer_->pageLayout().margins(QPageLayout::Millimeter) * kTwipsPerMm;
+  const auto take = [](double& margin, double given) {
+    if (std::abs(given - margin) > 11) margin = given;
+  };
+  take(document_.MarginLeft, m.left());
+  take(document_.MarginTop, m.top());
+  take(document_.MarginRight, m.right());
+  take(document_.MarginBottom, m.bottom());
 }
 
 void PrintWidget::refresh() {
