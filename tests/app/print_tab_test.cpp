@@ -82,38 +82,5 @@ TEST_F(PrintTabTest, ZoomModesAndANewSheetRebuildTheReport) {
   EXPECT_EQ(s.PlotOriginX, 2000);
 }
 
-// The document takes the printer's paper before it prints, and a decade keeps its length across
-// and up; a printer that cannot begin gets the box that says what to do, once.
-TEST_F(PrintTabTest, PrintingOnOtherPaperAndWithoutAPrinter) {
-  tab.display_print();
-  tab.paper = [] { return std::pair(12240.0, 15840.0); };  // Letter
-  tab.cmdPrint_Click();
-  EXPECT_EQ(printed, std::vector<std::string>{"1-2"});
-  EXPECT_EQ(std::pair(page.PageWidth, page.PageHeight), std::pair(12240.0, 15840.0));
-  std::vector<double> across, up;  // the decade lines
-  for (const PageOp& op : page.pages()[0].ops) {
-    if (op.kind != PageOp::Kind::Line || op.pen.width != 10) continue;
-    if (op.points[0] == op.points[2]) across.push_back(op.points[0]);
-    if (op.points[1] == op.points[3]) up.push_back(op.points[1]);
-  }
-  ASSERT_TRUE(across.size() > 1 && up.size() > 1);
-  EXPECT_DOUBLE_EQ(across[1] - across[0], up[1] - up[0]);
-  EXPECT_DOUBLE_EQ(across[1] - across[0], (12240 - 2 * 1134 - 20 * 56.7) / 5);
-
-  tab.print_pages = [this](int, int) {
-    printed.push_back("refused");
-    return 1;
-  };
-  printed.clear();
-  tab.Text23.Text = "2";
-  dialogs.answers = {Answer::Yes};
-  tab.cmdPrint_Click();
-  EXPECT_EQ(printed, std::vector<std::string>{"refused"});
-  EXPECT_EQ(dialogs.texts().back(),
-            "The VSPrinter control raised the Error event with the 1 code.\n\nPrinting could not "
-            "begin: no printer is ready. Choose a printer, or \"Print to File (PDF)\", in "
-            "\"Printer setup\", then print again.");
-}
-
 }  // namespace
 }  // namespace tellux::testing

@@ -17,11 +17,9 @@ namespace tellux {
 namespace {
 
 TEST(PrintWidget, WithoutAPrinterThenToAPdfOnLetter) {
-  static int argc = 1;
-  static char name[] = "tests";
-  static char* argv[] = {name, nullptr};
-  static QApplication* app = new QApplication(argc, argv);
-  (void)app;
+  int argc = 1;
+  char name[] = "tests", *argv[] = {name, nullptr};
+  QApplication app(argc, argv);
   SoundingState s;
   ScriptedDialogs dialogs;
   Forms forms;
@@ -33,10 +31,12 @@ TEST(PrintWidget, WithoutAPrinterThenToAPdfOnLetter) {
   tab.display_print();
 
   widget.printer().setOutputFormat(QPrinter::PdfFormat);  // no printer, no file
-  widget.printer().setOutputFileName(QString());
   widget.print_button()->click();
-  ASSERT_EQ(dialogs.messages.size(), 1u);
-  EXPECT_NE(dialogs.texts()[0].find("\"Print to File (PDF)\""), std::string::npos);
+  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{
+                                 "The VSPrinter control raised the Error event with the 1 code.\n\n"
+                                 "Printing could not begin: no printer is ready. Choose a printer, "
+                                 "or \"Print to File (PDF)\", in \"Printer setup\", then print "
+                                 "again."});
 
   // What "Print to File (PDF)" of the printer setup does, on Letter.
   const QTemporaryDir dir;
@@ -47,10 +47,19 @@ TEST(PrintWidget, WithoutAPrinterThenToAPdfOnLetter) {
   widget.print_button()->click();
   EXPECT_EQ(dialogs.messages.size(), 1u);
   EXPECT_GT(QFileInfo(pdf).size(), 1000);
-  EXPECT_NEAR(page.PageWidth, 12240, 1);
-  EXPECT_NEAR(page.PageHeight, 15840, 1);
+  EXPECT_EQ(std::pair(page.PageWidth, page.PageHeight), std::pair(12240.0, 15840.0));
+  // The sheet is painted with one factor both ways, and a decade is as long across as up.
   const QRectF sheet = sheet_on_printer(page, widget.printer());
   EXPECT_DOUBLE_EQ(sheet.width() / page.PageWidth, sheet.height() / page.PageHeight);
+  std::vector<double> across, up;  // the decade lines
+  for (const PageOp& op : page.pages()[0].ops) {
+    if (op.kind != PageOp::Kind::Line || op.pen.width != 10) continue;
+    if (op.points[0] == op.points[2]) across.push_back(op.points[0]);
+    if (op.points[1] == op.points[3]) up.push_back(op.points[1]);
+  }
+  ASSERT_TRUE(across.size() > 1 && up.size() > 1);
+  EXPECT_DOUBLE_EQ(across[1] - across[0], up[1] - up[0]);
+  EXPECT_DOUBLE_EQ(across[1] - across[0], (12240 - 2 * 1134 - 20 * 56.7) / 5);
 }
 
 }  // namespace

@@ -2,13 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <QFile>
 #include <QGuiApplication>
 #include <QImage>
+#include <cmath>
 #include <cstdlib>
-#include <filesystem>
-
-#include "plot/bilog_frame.h"
 
 namespace tellux {
 namespace {
@@ -28,7 +25,7 @@ QColor pixel(const QImage& image, QPointF p) {
   return image.pixelColor(static_cast<int>(p.x()), static_cast<int>(p.y()));
 }
 
-TEST(QtDrawingSurfaceTest, LogicalCoordinatesMapOntoTheImageAndTheFrameIsSaved) {
+TEST(QtDrawingSurfaceTest, LogicalCoordinatesMapOntoTheImage) {
   application();
   QtDrawingSurface surface(200, 100);
   surface.Scale(0, 10, 20, 0);  // ordinate upward
@@ -47,33 +44,6 @@ TEST(QtDrawingSurfaceTest, LogicalCoordinatesMapOntoTheImageAndTheFrameIsSaved) 
   surface.PSet(std::nanf(""), 0);
   surface.Print("x");
   EXPECT_FALSE(surface.image().isNull());
-
-  // The frame comes out as a picture and as SVG.
-  SoundingState s;
-  s.FieldCount = 1;
-  s.FieldTable(1, 1) = 10.0;
-  s.FieldTable(1, 2) = 100.0;
-  QtDrawingSurface frame(1000, 620);
-  prepare_bilog_surface(frame);
-  DrawBilogFrame(s, frame);
-  const QImage& picture = frame.image();
-  // The frame is white inside, black at its decade lines, and the mark is red.
-  EXPECT_EQ(pixel(picture, frame.to_pixel(2.5, 2.5)), QColor(Qt::white));
-  EXPECT_EQ(pixel(picture, frame.to_pixel(2, 2.5)), QColor(Qt::black));
-  EXPECT_EQ(pixel(picture, frame.to_pixel(1 + s.MarkHalfSize * 0.999, 2)), QColor(255, 0, 0));
-
-  const auto dir = QString::fromStdString(std::filesystem::temp_directory_path().string());
-  const QString png = dir + "/tellux_frame_test.png", svg = dir + "/tellux_frame_test.svg";
-  ASSERT_TRUE(frame.save_png(png).isEmpty());
-  ASSERT_TRUE(frame.save_svg(svg, "frame").isEmpty());
-  QFile file(svg);
-  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-  const QByteArray text = file.readAll();
-  EXPECT_TRUE(text.contains("<svg"));
-  EXPECT_TRUE(text.contains("10000"));  // a label as text
-  EXPECT_EQ(QImage(png).size(), QSize(1000, 620));
-  QFile::remove(png);
-  QFile::remove(svg);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
-// The report against its page operations: the tables over as many pages as their rows need, the
-// model's altitudes as the sounding stands, and the direct print's sheets.
+// The report against its page operations: the tables over as many pages as their rows need and
+// the model's altitudes as the sounding stands. The layouts of the report, a location without Y,
+// a one-layer model, PASI units and the lying page are in the goldens of tests/cli.
 #include "plot/report_page.h"
 
 #include "core/runtime/arithmetic.h"
@@ -10,16 +11,6 @@
 
 namespace tellux::testing {
 namespace {
-
-// The direct print's texts with the height each was written at.
-struct PlacedTexts : RecordingSurface {
-  std::vector<std::pair<std::string, float>> placed;
-  void Print(const std::string& text) override {
-    placed.emplace_back(text, CurrentY());
-    RecordingSurface::Print(text);
-  }
-  using RecordingSurface::Print;
-};
 
 class ReportTest : public PlotTest {
  protected:
@@ -64,8 +55,8 @@ class ReportTest : public PlotTest {
 };
 
 // Every row of both tables stands inside the margins, on pages that repeat the title lines and
-// the table's heading, upright and lying; in the direct print every line stays above the footer,
-// and the location names the azimuth.
+// the table's heading, upright and lying. (The direct print's sheets are in the golden
+// direct_long.ops.)
 TEST_F(ReportTest, LongTablesGoOnOverPagesInsideTheMargins) {
   long_sounding();
   for (const bool lying : {false, true}) {
@@ -92,24 +83,6 @@ TEST_F(ReportTest, LongTablesGoOnOverPagesInsideTheMargins) {
     EXPECT_EQ(std::count(cells.begin(), cells.end(), "80"), 20);
     EXPECT_TRUE(has(2, "near the well"));
   }
-  // The direct print, sheet by sheet.
-  s.LocationAzimuth = "45";
-  PlacedTexts sheet;
-  int sheets = 1;
-  PrintReportDirect(session, sheet, report_title(s), [&] { ++sheets; });
-  EXPECT_EQ(sheets, 4);
-  const double dY = s.RhoDecadeEnd - s.RhoDecadeStart;
-  int layers = 0;
-  for (const auto& [text, y] : sheet.placed) {
-    if (text != "Q-Brantis / Tellux 6.4") {
-      EXPECT_GT(y, s.RhoDecadeStart - dY + 0.045 * dY) << text;
-    }
-    layers += text.rfind("        80", 0) == 0;
-  }
-  EXPECT_EQ(layers, 20);
-  EXPECT_TRUE(std::any_of(sheet.placed.begin(), sheet.placed.end(), [](const auto& line) {
-    return line.first == "Location   X = 1000    Y = 2000    Z = 120    Azim = 45";
-  }));
 }
 
 // The altitudes are those of the Z the sounding holds when the report is built.
