@@ -2,11 +2,12 @@
 
 #include <QDialog>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QPdfDocument>
+#include <QPdfPageNavigator>
 #include <QPdfView>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace tellux {
@@ -44,27 +45,42 @@ bool DesktopPrograms::start(const std::string& program, const std::string& argum
   return QProcess::startDetached(QString::fromStdString(program), arguments);
 }
 
-void DesktopPrograms::show_pdf(const std::string& path) {
+bool DesktopPrograms::show_pdf(const std::string& path, int page) {
   const QString file = QString::fromStdString(path);
-  if (!QFileInfo::exists(file)) {
-    QMessageBox::warning(parent_, QStringLiteral("Tellux 6.4"),
-                         QStringLiteral("The manual %1 is not installed.").arg(file));
-    return;
+  // One view of the manual: Help again turns its page.
+  if (!view_ || view_->property("file").toString() != file) {
+    delete view_.data();
+    auto* dialog = new QDialog(parent_);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setObjectName(QStringLiteral("manual"));
+    dialog->setWindowTitle(QFileInfo(file).fileName());
+    auto* document = new QPdfDocument(dialog);
+    if (document->load(file) != QPdfDocument::Error::None) {
+      delete dialog;
+      return false;
+    }
+    auto* pdf = new QPdfView(dialog);
+    pdf->setObjectName(QStringLiteral("view"));
+    pdf->setDocument(document);
+    pdf->setPageMode(QPdfView::PageMode::MultiPage);
+    pdf->setZoomMode(QPdfView::ZoomMode::FitToWidth);
+    auto* layout = new QVBoxLayout(dialog);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(pdf);
+    dialog->setProperty("file", file);
+    dialog->resize(820, 900);
+    view_ = dialog;
   }
-  auto* dialog = new QDialog(parent_);
-  dialog->setAttribute(Qt::WA_DeleteOnClose);
-  dialog->setWindowTitle(QFileInfo(file).fileName());
-  auto* document = new QPdfDocument(dialog);
-  document->load(file);
-  auto* view = new QPdfView(dialog);
-  view->setDocument(document);
-  view->setPageMode(QPdfView::PageMode::MultiPage);
-  view->setZoomMode(QPdfView::ZoomMode::FitToWidth);
-  auto* layout = new QVBoxLayout(dialog);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(view);
-  dialog->resize(820, 900);
-  dialog->show();
+  view_->show();
+  view_->raise();
+  auto* pdf = view_->findChild<QPdfView*>(QStringLiteral("view"));
+  const int index = std::max(0, page - 1);
+  pdf->pageNavigator()->jump(index, QPointF(), pdf->zoomFactor());
+  // Once the view is laid out, the page stands at its top.
+  QTimer::singleShot(0, pdf, [pdf, index] {
+    pdf->pageNavigator()->jump(index, QPointF(), pdf->zoomFactor());
+  });
+  return true;
 }
 
 }  // namespace tellux

@@ -1,7 +1,10 @@
 #pragma once
 // Other programs on the desktop: the PDF viewer, the calculator, a program started with a file,
-// and the program's own view of a PDF for when no viewer is installed.
+// and the program's own view of the manual, which opens at the page of a section.
 #include "app/help.h"
+
+#include <QDialog>
+#include <QPointer>
 
 class QWidget;
 
@@ -13,10 +16,13 @@ class DesktopPrograms : public Programs {
   std::string pdf_viewer() override;
   std::string calculator() override;
   bool start(const std::string& program, const std::string& argument) override;
-  void show_pdf(const std::string& path) override;
+  bool show_pdf(const std::string& path, int page) override;
+  // The program's view of the manual, while it is open.
+  QDialog* manual_view() const { return view_; }
 
  private:
   QWidget* parent_;
+  QPointer<QDialog> view_;
 };
 
 }  // namespace tellux

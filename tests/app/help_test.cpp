@@ -10,7 +10,7 @@ namespace {
 
 struct ScriptedPrograms : Programs {
   std::string viewer, calc;
-  bool starts = true;
+  bool starts = true, own_view = true;
   std::vector<std::string> log;
   std::string pdf_viewer() override { return viewer; }
   std::string calculator() override { return calc; }
@@ -18,7 +18,10 @@ struct ScriptedPrograms : Programs {
     log.push_back(program + " " + argument);
     return starts;
   }
-  void show_pdf(const std::string& path) override { log.push_back("own view " + path); }
+  bool show_pdf(const std::string& path, int page) override {
+    if (own_view) log.push_back("own view " + path + " " + std::to_string(page));
+    return own_view;
+  }
 };
 
 // Pictures that leave the program: names, the question on an existing file, the size message.
@@ -43,24 +46,42 @@ class HelpTest : public SessionTest {
   RecordingPictures pictures;
 };
 
-TEST_F(HelpTest, TheManualByLanguageInTheViewerOrTheProgramsOwnView) {
+TEST_F(HelpTest, TheManualOpensAtTheSectionInTheProgramsOwnViewAtOnce) {
   use_language('F');
-  programs.viewer = "/usr/bin/evince";
-  open_manual(session, programs);
-  EXPECT_EQ(programs.log.back(), "/usr/bin/evince " + manual_path(s));
   EXPECT_EQ(manual_path(s).substr(manual_path(s).size() - 14), "TELLUX6_FR.PDF");
   use_language('A');  // German users get the English manual
-  programs.starts = false;
-  open_manual(session, programs);
-  EXPECT_EQ(dialogs.texts().back(), "Unable to shell " + manual_path(s));
   EXPECT_EQ(manual_path(s).substr(manual_path(s).size() - 14), "TELLUX6_US.PDF");
+  write("M.PDF", "%PDF");
+  write("M.TOC", "introduction 3\ntab-setup 17\n");
+  programs.viewer = "/usr/bin/evince";
+  open_manual_file(session, programs, path("M.PDF"), help_topic_of_tab(3));
+  open_manual_file(session, programs, path("M.PDF"), "no-such-section");
+  EXPECT_EQ(programs.log, (std::vector<std::string>{"own view " + path("M.PDF") + " 17",
+                                                    "own view " + path("M.PDF") + " 1"}));
+  EXPECT_TRUE(dialogs.messages.empty());  // no word of installing a reader
+  EXPECT_EQ(help_topic_of_tab(5), "tab-section");
+  EXPECT_EQ(help_topic_of_tab(6), "introduction");
+}
+
+TEST_F(HelpTest, WithoutTheOwnViewTheDesktopsViewerThenTheTwoMessages) {
+  write("M.PDF", "%PDF");
+  programs.own_view = false;
+  programs.viewer = "/usr/bin/evince";
+  open_manual_file(session, programs, path("M.PDF"), "");
+  EXPECT_EQ(programs.log.back(), "/usr/bin/evince " + path("M.PDF"));
+  programs.starts = false;
+  open_manual_file(session, programs, path("M.PDF"), "");
+  EXPECT_EQ(dialogs.texts().back(), "Unable to shell " + path("M.PDF"));
   dialogs.messages.clear();
   programs.viewer.clear();
-  open_manual(session, programs);
+  open_manual_file(session, programs, path("M.PDF"), "");
   EXPECT_EQ(dialogs.texts(),
             (std::vector<std::string>{"You must intstall ACROBAT READER to open the help file",
                                       "You must install a PDF reader from the CD-ROM"}));
-  EXPECT_EQ(programs.log.back(), "own view " + manual_path(s));
+  dialogs.messages.clear();
+  open_manual_file(session, programs, path("none.PDF"), "");  // missing: said with its path
+  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"The manual " + path("none.PDF") +
+                                                      " is missing."});
 }
 
 TEST_F(HelpTest, AGraphicalProgramOfOneBlankIsNotLocated) {
