@@ -24,12 +24,12 @@ struct Language {
 };
 
 constexpr Language kLanguages[] = {
-    {"en", 'E', "TELLUX6_US.PDF", "Tellux 6.4", "User's manual", "Contents", "Example:",
-     "Section|Key|Default"},
+    {"en", 'E', "TELLUX6_US.PDF", "Tellux 6.4", "User's manual", "Contents",
+     "Example:", "Section|Key|Default"},
     {"fr", 'F', "TELLUX6_FR.PDF", "Tellux 6.4", "Manuel de l'utilisateur", "Sommaire",
      "Exemple :", "Section|Clé|Valeur par défaut"},
-    {"es", 'S', "TELLUX6_ES.PDF", "Tellux 6.4", "Manual del usuario", "Índice", "Ejemplo:",
-     "Sección|Clave|Valor por defecto"},
+    {"es", 'S', "TELLUX6_ES.PDF", "Tellux 6.4", "Manual del usuario", "Índice",
+     "Ejemplo:", "Sección|Clave|Valor por defecto"},
 };
 
 }  // namespace
@@ -57,9 +57,8 @@ int main(int argc, char** argv) {
     book.contents = QString::fromUtf8(language.contents);
     book.inserts[QStringLiteral("batch")] = manual::batch_reference(
         cli, source + "/README.md", QString::fromUtf8(language.example), QStringLiteral("h3"));
-    book.inserts[QStringLiteral("settings")] =
-        manual::settings_defaults(cli, out + "/no-settings.ini",
-                                  QString::fromUtf8(language.settings_headings).split('|'));
+    book.inserts[QStringLiteral("settings")] = manual::settings_defaults(
+        cli, out + "/no-settings.ini", QString::fromUtf8(language.settings_headings).split('|'));
     QString error;
     const int pages = manual::write_book(book, out + "/" + language.pdf, error);
     if (pages == 0) {

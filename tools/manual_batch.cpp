@@ -24,7 +24,7 @@ QStringList subcommands(const QString& help) {
   QStringList names;
   bool inside = false;
   for (const QString& line : help.split(QLatin1Char('\n'))) {
-    if (line.trimmed().startsWith(QStringLiteral("SUBCOMMANDS"))) {
+    if (line.trimmed().startsWith(QStringLiteral("SUBCOMMANDS"), Qt::CaseInsensitive)) {
       inside = true;
     } else if (inside) {
       if (line.trimmed().isEmpty() || !line.startsWith(QLatin1Char(' '))) {
@@ -56,8 +56,8 @@ QString pre(const QString& text) {
 QString batch_reference(const QString& command, const QString& readme_path,
                         const QString& example_word, const QString& heading) {
   QFile file(readme_path);
-  const QString readme = file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll())
-                                                        : QString();
+  const QString readme =
+      file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
   const QString top = help_of(command, {});
   if (top.isEmpty()) return QStringLiteral("<p>(tellux-cli --help gave nothing)</p>");
   QString html = pre(top);

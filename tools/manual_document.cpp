@@ -10,8 +10,10 @@
 #include <QPdfWriter>
 #include <QRegularExpression>
 #include <QTextBlock>
+#include <QTextCursor>
 #include <QTextDocument>
 #include <QTextLayout>
+#include <algorithm>
 #include <vector>
 
 #include "pdf_outline.h"
@@ -63,15 +65,25 @@ QString assemble(const Book& book) {
     body.replace(QStringLiteral("<!--insert:%1-->").arg(it.key()), it.value());
   body = with_sample_files(body, book.samples);
   static const QRegularExpression figure(
-      QStringLiteral(R"(<p align="center"><img src="([^"]+)"[^>]*></p>\s*)"
+      QStringLiteral(R"re(<p align="center"><img src="([^"]+)"[^>]*></p>\s*)re"
                      R"((<p class="caption"[^>]*>.*?</p>)?)"),
       QRegularExpression::DotMatchesEverythingOption);
+  // The figures kept are numbered in order, so a left-out one leaves no gap.
+  static const QRegularExpression number(QStringLiteral("(Figure|Figura) \\d+\\."));
   QString kept;
   qsizetype from = 0;
+  int figures = 0;
   for (auto it = figure.globalMatch(body); it.hasNext();) {
     const auto m = it.next();
     kept += body.mid(from, m.capturedStart() - from);
-    if (QFileInfo::exists(book.pictures + QLatin1Char('/') + m.captured(1))) kept += m.captured();
+    if (QFileInfo::exists(book.pictures + QLatin1Char('/') + m.captured(1))) {
+      QString text = m.captured();
+      const auto n = number.match(text);
+      if (n.hasMatch())
+        text.replace(n.capturedStart(), n.capturedLength(),
+                     QStringLiteral("%1 %2.").arg(n.captured(1)).arg(++figures));
+      kept += text;
+    }
     from = m.capturedEnd();
   }
   return kept + body.mid(from);
@@ -124,9 +136,9 @@ QString contents_html(const Book& book, const std::vector<Heading>& headings, in
                      .arg(book.title, book.subtitle, book.contents);
   for (const Heading& h : headings) {
     if (h.level > 2) continue;
-    const QString cell = h.level == 1 ? QStringLiteral("<b>%1</b>").arg(h.title.toHtmlEscaped())
-                                      : QStringLiteral("&nbsp;&nbsp;&nbsp;&nbsp;%1")
-                                            .arg(h.title.toHtmlEscaped());
+    const QString cell =
+        h.level == 1 ? QStringLiteral("<b>%1</b>").arg(h.title.toHtmlEscaped())
+                     : QStringLiteral("&nbsp;&nbsp;&nbsp;&nbsp;%1").arg(h.title.toHtmlEscaped());
     html += QStringLiteral("<tr><td%3>%1</td><td align=\"right\"%3>%2</td></tr>")
                 .arg(cell)
                 .arg(h.page + offset + 1)
@@ -159,38 +171,45 @@ int write_book(const Book& book, const QString& pdf_path, QString& error) {
     error = QStringLiteral("no chapters in ") + book.chapters;
     return 0;
   }
-  QPdfWriter pdf(pdf_path);
-  pdf.setResolution(static_cast<int>(kDpi));
-  pdf.setPageSize(QPageSize(QPageSize::A4));
-  pdf.setPageMargins(QMarginsF(kSideMarginMm, kTopMarginMm, kSideMarginMm, kTopMarginMm),
-                     QPageLayout::Millimeter);
-  pdf.setTitle(book.title);
-  pdf.setCreator(book.title);
-  const QRect area = pdf.pageLayout().paintRectPixels(pdf.resolution());
-  const QSizeF page(area.width(), area.height() - kFooter);
-
   QObject owner;
-  QTextDocument* text = new_document(book, page, &owner);
-  text->setHtml(body);
-  const std::vector<Heading> headings = headings_of(*text, page.height());
-  // The contents' own length decides where the body starts; the numbers do not change it.
-  QTextDocument* contents = new_document(book, page, &owner);
-  contents->setHtml(contents_html(book, headings, 0));
-  const int front = contents->pageCount();
-  contents->setHtml(contents_html(book, headings, front));
-
-  QPainter painter(&pdf);
-  int number = 0;
-  draw_pages(pdf, painter, *contents, page, number);
-  draw_pages(pdf, painter, *text, page, number);
-  painter.end();
+  QSizeF page;
+  std::vector<Heading> headings;
+  int front = 0, number = 0;
+  {  // the writer closes the file when it goes, before the outline is added
+    QPdfWriter pdf(pdf_path);
+    pdf.setResolution(static_cast<int>(kDpi));
+    pdf.setPageSize(QPageSize(QPageSize::A4));
+    pdf.setPageMargins(QMarginsF(kSideMarginMm, kTopMarginMm, kSideMarginMm, kTopMarginMm),
+                       QPageLayout::Millimeter);
+    pdf.setTitle(book.title);
+    pdf.setCreator(book.title);
+    const QRect area = pdf.pageLayout().paintRectPixels(pdf.resolution());
+    page = QSizeF(area.width(), area.height() - kFooter);
+    QTextDocument* text = new_document(book, page, &owner);
+    text->setHtml(body);
+    // Every chapter starts a page, but the first one starts the body itself.
+    QTextCursor first(text->begin());
+    QTextBlockFormat format = first.blockFormat();
+    format.setPageBreakPolicy(QTextFormat::PageBreak_Auto);
+    first.setBlockFormat(format);
+    headings = headings_of(*text, page.height());
+    // The contents' own length decides where the body starts; the numbers do not change it.
+    QTextDocument* contents = new_document(book, page, &owner);
+    contents->setHtml(contents_html(book, headings, 0));
+    front = contents->pageCount();
+    contents->setHtml(contents_html(book, headings, front));
+    QPainter painter(&pdf);
+    draw_pages(pdf, painter, *contents, page, number);
+    draw_pages(pdf, painter, *text, page, number);
+  }
 
   std::vector<OutlineEntry> outline;
   QString index;
   const double point = 72.0 / kDpi, top_margin = kTopMarginMm * 72.0 / 25.4;
   for (const Heading& h : headings) {
     outline.push_back({h.level, h.title.toStdString(), front + h.page, top_margin + h.top * point});
-    if (!h.anchor.isEmpty()) index += QStringLiteral("%1 %2\n").arg(h.anchor).arg(front + h.page + 1);
+    if (!h.anchor.isEmpty())
+      index += QStringLiteral("%1 %2\n").arg(h.anchor).arg(front + h.page + 1);
   }
   std::string failure;
   if (!add_outline(pdf_path.toStdString(), outline, failure)) {

@@ -14,7 +14,7 @@ struct Book {
   QString pictures;  // folder of the pictures the chapters name; a missing one is left out
   QString title;     // of the title page and of the PDF
   QString subtitle;
-  QString contents;  // heading of the table of contents
+  QString contents;                // heading of the table of contents
   QMap<QString, QString> inserts;  // <!--insert:NAME--> of a chapter becomes the value
 };
 

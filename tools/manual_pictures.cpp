@@ -45,14 +45,18 @@ class Camera {
   // The modal dialog that `open` shows, taken and closed as soon as it is on the screen; nothing
   // when `open` shows none (a command this build does not have).
   void save_dialog(const std::function<void()>& open, const char* name) {
-    QTimer::singleShot(50, [this, name] {
+    QTimer timer;
+    timer.setSingleShot(true);
+    QObject::connect(&timer, &QTimer::timeout, [this, name] {
       if (QWidget* dialog = QApplication::activeModalWidget()) {
         dialog->adjustSize();
         save(dialog, name);
         dialog->close();
       }
     });
+    timer.start(50);
     open();
+    timer.stop();  // no dialog came: nothing is taken later by mistake
     QApplication::processEvents();
   }
   QString path(const char* name) const { return folder_ + "/" + name + ".png"; }
@@ -98,9 +102,7 @@ void take_pictures(const QString& source, const QString& folder, char language) 
   camera.save(window.splash(), "start");
   window.splash()->hide();
   app.frmSplash.visible = false;
-  const auto sample = [&](const char* name) {
-    return (source + "/samples/" + name).toStdString();
-  };
+  const auto sample = [&](const char* name) { return (source + "/samples/" + name).toStdString(); };
   const auto open = [&](const char* name) {
     dialogs.open_choices = {{sample(name)}};
     window.action(QStringLiteral("open"))->trigger();
@@ -150,9 +152,16 @@ void take_pictures(const QString& source, const QString& folder, char language) 
   window.tabs()->setCurrentIndex(0);
 
   // A line of soundings: the table, the section, its page.
+  // Copies of the line, so that nothing done to them reaches the samples.
+  const QString line = folder + "/line";
+  QDir().mkpath(line);
   std::vector<std::string> files;
-  for (int i = 1; i <= 6; ++i)
-    files.push_back((source + "/samples/line/L1_0" + QString::number(i) + ".TX3").toStdString());
+  for (int i = 1; i <= 6; ++i) {
+    const QString name = QStringLiteral("/L1_0%1.TX3").arg(i);
+    QFile::remove(line + name);
+    QFile::copy(source + "/samples/line" + name, line + name);
+    files.push_back((line + name).toStdString());
+  }
   dialogs.open_choices = {files};
   window.tabs()->setCurrentIndex(4);
   window.profile()->select_button()->click();
@@ -166,8 +175,10 @@ void take_pictures(const QString& source, const QString& folder, char language) 
   camera.save(&window, "section_tab");
   write_png(app.VSPrint1, 0, camera.path("section"), 80);
   window.tabs()->setCurrentIndex(4);
-  if (QPushButton* fit_all = button_named(window, QStringLiteral("Fit all")))
+  if (QPushButton* fit_all = button_named(window, QStringLiteral("Fit all"))) {
+    dialogs.answers = {Answer::No, Answer::No, Answer::No};
     camera.save_dialog([fit_all] { fit_all->click(); }, "fit_all");
+  }
 
   // The small windows of the extraction and of the RES2DINV conversion.
   ExtractionForm extraction;

@@ -107,8 +107,9 @@ bool add_outline(const std::string& pdf_path, const std::vector<OutlineEntry>& e
        ++it)
     page_objects.push_back(std::stoi((*it)[1]));
   double height = 841.89;
-  if (!page_objects.empty() &&
-      std::regex_search(object_dictionary(pdf, page_objects[0]), m,
+  const std::string first_page =
+      page_objects.empty() ? std::string() : object_dictionary(pdf, page_objects[0]);
+  if (std::regex_search(first_page, m,
                         std::regex(R"(/MediaBox\s*\[\s*\S+\s+\S+\s+\S+\s+([\d.]+))")))
     height = std::stod(m[1]);
 
@@ -138,8 +139,8 @@ bool add_outline(const std::string& pdf_path, const std::vector<OutlineEntry>& e
     offsets.emplace_back(number, pdf.size() + update.size());
     update += std::to_string(number) + " 0 obj\n" + body + "\nendobj\n";
   };
-  catalog = std::regex_replace(catalog, std::regex(R"(/(Outlines|PageMode)\s+(\d+\s+0\s+R|/\w+))"),
-                               "");
+  catalog =
+      std::regex_replace(catalog, std::regex(R"(/(Outlines|PageMode)\s+(\d+\s+0\s+R|/\w+))"), "");
   add(root, catalog.substr(0, catalog.size() - 2) + " /Outlines " + std::to_string(outlines) +
                 " 0 R /PageMode /UseOutlines >>");
   add(outlines, "<< /Type /Outlines /First " + std::to_string(object_of(top.first)) +

@@ -7,10 +7,10 @@
 namespace manual {
 
 struct OutlineEntry {
-  int level = 1;       // 1 chapter, 2 section, 3 subsection
-  std::string title;   // UTF-8
-  int page = 0;        // 0-based page of the document
-  double top = 0;      // distance of the heading from the page's top edge, in points
+  int level = 1;      // 1 chapter, 2 section, 3 subsection
+  std::string title;  // UTF-8
+  int page = 0;       // 0-based page of the document
+  double top = 0;     // distance of the heading from the page's top edge, in points
 };
 
 // Appends the outline and makes the reader show it on opening. False when the file is not a PDF

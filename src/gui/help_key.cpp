@@ -10,9 +10,11 @@ namespace tellux {
 
 std::string active_help_topic(const QTabWidget& tabs) {
   // The windows by their names; the main window by its tab.
-  static const std::pair<const char*, const char*> windows[] = {
-      {"model", "model-window"}, {"frmSplash", "start"},      {"Extraction", "extraction"},
-      {"R2DI_par", "res2dinv"},  {"manual", "introduction"}};
+  static const std::pair<const char*, const char*> windows[] = {{"model", "model-window"},
+                                                                {"frmSplash", "start"},
+                                                                {"Extraction", "extraction"},
+                                                                {"R2DI_par", "res2dinv"},
+                                                                {"manual", "introduction"}};
   // The widget with the focus and its parents first: the model editor may be docked.
   const QWidget* widget = QApplication::focusWidget();
   if (!widget) widget = QApplication::activeWindow();

@@ -1,14 +1,7 @@
 #include "gui/programs.h"
 
-#include <QDialog>
-#include <QFileInfo>
-#include <QPdfDocument>
-#include <QPdfPageNavigator>
-#include <QPdfView>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QTimer>
-#include <QVBoxLayout>
 
 namespace tellux {
 
@@ -48,38 +41,19 @@ bool DesktopPrograms::start(const std::string& program, const std::string& argum
 bool DesktopPrograms::show_pdf(const std::string& path, int page) {
   const QString file = QString::fromStdString(path);
   // One view of the manual: Help again turns its page.
-  if (!view_ || view_->property("file").toString() != file) {
+  if (!view_ || view_->file() != file) {
     delete view_.data();
-    auto* dialog = new QDialog(parent_);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setObjectName(QStringLiteral("manual"));
-    dialog->setWindowTitle(QFileInfo(file).fileName());
-    auto* document = new QPdfDocument(dialog);
-    if (document->load(file) != QPdfDocument::Error::None) {
-      delete dialog;
+    auto* view = new ManualView(file, parent_);
+    view->setAttribute(Qt::WA_DeleteOnClose);
+    if (!view->loaded()) {
+      delete view;
       return false;
     }
-    auto* pdf = new QPdfView(dialog);
-    pdf->setObjectName(QStringLiteral("view"));
-    pdf->setDocument(document);
-    pdf->setPageMode(QPdfView::PageMode::MultiPage);
-    pdf->setZoomMode(QPdfView::ZoomMode::FitToWidth);
-    auto* layout = new QVBoxLayout(dialog);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(pdf);
-    dialog->setProperty("file", file);
-    dialog->resize(820, 900);
-    view_ = dialog;
+    view_ = view;
   }
   view_->show();
   view_->raise();
-  auto* pdf = view_->findChild<QPdfView*>(QStringLiteral("view"));
-  const int index = std::max(0, page - 1);
-  pdf->pageNavigator()->jump(index, QPointF(), pdf->zoomFactor());
-  // Once the view is laid out, the page stands at its top.
-  QTimer::singleShot(0, pdf, [pdf, index] {
-    pdf->pageNavigator()->jump(index, QPointF(), pdf->zoomFactor());
-  });
+  view_->go_to(page);
   return true;
 }
 

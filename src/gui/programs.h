@@ -3,8 +3,9 @@
 // and the program's own view of the manual, which opens at the page of a section.
 #include "app/help.h"
 
-#include <QDialog>
 #include <QPointer>
+
+#include "gui/manual_view.h"
 
 class QWidget;
 
@@ -18,11 +19,11 @@ class DesktopPrograms : public Programs {
   bool start(const std::string& program, const std::string& argument) override;
   bool show_pdf(const std::string& path, int page) override;
   // The program's view of the manual, while it is open.
-  QDialog* manual_view() const { return view_; }
+  ManualView* manual_view() const { return view_; }
 
  private:
   QWidget* parent_;
-  QPointer<QDialog> view_;
+  QPointer<ManualView> view_;
 };
 
 }  // namespace tellux

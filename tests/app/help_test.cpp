@@ -80,8 +80,8 @@ TEST_F(HelpTest, WithoutTheOwnViewTheDesktopsViewerThenTheTwoMessages) {
                                       "You must install a PDF reader from the CD-ROM"}));
   dialogs.messages.clear();
   open_manual_file(session, programs, path("none.PDF"), "");  // missing: said with its path
-  EXPECT_EQ(dialogs.texts(), std::vector<std::string>{"The manual " + path("none.PDF") +
-                                                      " is missing."});
+  EXPECT_EQ(dialogs.texts(),
+            std::vector<std::string>{"The manual " + path("none.PDF") + " is missing."});
 }
 
 TEST_F(HelpTest, AGraphicalProgramOfOneBlankIsNotLocated) {
