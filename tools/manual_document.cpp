@@ -209,7 +209,10 @@ int write_book(const Book& book, const QString& pdf_path, QString& error) {
   for (const Heading& h : headings) {
     outline.push_back({h.level, h.title.toStdString(), front + h.page, top_margin + h.top * point});
     if (!h.anchor.isEmpty())
-      index += QStringLiteral("%1 %2\n").arg(h.anchor).arg(front + h.page + 1);
+      index += QStringLiteral("%1 %2 %3\n")
+                   .arg(h.anchor)
+                   .arg(front + h.page + 1)
+                   .arg(outline.back().top, 0, 'f', 1);
   }
   std::string failure;
   if (!add_outline(pdf_path.toStdString(), outline, failure)) {

@@ -18,8 +18,9 @@ struct Book {
   QMap<QString, QString> inserts;  // <!--insert:NAME--> of a chapter becomes the value
 };
 
-// Writes `pdf` and, beside it, the same name with ".TOC": a line "anchor page" for each heading
-// that holds an anchor. Returns the number of pages, 0 on failure (with `error`).
+// Writes `pdf` and, beside it, the same name with ".TOC": a line "anchor page top" for each
+// heading that holds an anchor (its page from 1, its distance from the page's top in points).
+// Returns the number of pages, 0 on failure (with `error`).
 int write_book(const Book& book, const QString& pdf, QString& error);
 
 }  // namespace manual

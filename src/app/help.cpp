@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 
 #include "app/picture_export.h"
 #include "core/data_dir.h"
@@ -31,15 +32,22 @@ std::string help_topic_of_tab(int tab) {
   return tab >= 0 && tab < 6 ? topics[tab] : "introduction";
 }
 
-int manual_page(const std::string& manual, const std::string& topic) {
+ManualPlace manual_place(const std::string& manual, const std::string& topic) {
   std::string index = manual;
   if (const size_t dot = index.rfind('.'); dot != std::string::npos) index.erase(dot);
   std::ifstream in(index + ".TOC");
-  std::string name;
-  int page = 0;
-  while (!topic.empty() && in >> name >> page)
-    if (name == topic) return page > 0 ? page : 1;
-  return 1;
+  std::string line;
+  while (!topic.empty() && std::getline(in, line)) {
+    std::istringstream fields(line);
+    std::string name;
+    ManualPlace place;
+    if (fields >> name >> place.page && name == topic) {
+      if (!(fields >> place.top)) place.top = 0;
+      if (place.page < 1) place.page = 1;
+      return place;
+    }
+  }
+  return {};
 }
 
 void open_manual_file(Session& session, Programs& programs, const std::string& manual,
@@ -51,7 +59,7 @@ void open_manual_file(Session& session, Programs& programs, const std::string& m
                  Icon::Exclamation);
     return;
   }
-  if (programs.show_pdf(manual, manual_page(manual, topic))) return;
+  if (programs.show_pdf(manual, manual_place(manual, topic))) return;
   const std::string viewer = programs.pdf_viewer();
   if (!viewer.empty()) {
     if (!programs.start(viewer, manual)) session.tell("Unable to shell " + manual);

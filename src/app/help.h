@@ -8,6 +8,13 @@
 
 namespace tellux {
 
+// Where a section of the manual begins: its page (from 1) and the distance of its heading from
+// the page's top edge, in points.
+struct ManualPlace {
+  int page = 1;
+  double top = 0;
+};
+
 // What starting other programs needs of the desktop. The defaults find nothing.
 class Programs {
  public:
@@ -20,8 +27,8 @@ class Programs {
   virtual bool start(const std::string& /*program*/, const std::string& /*argument*/) {
     return false;
   }
-  // Shows a PDF in the program's own view at `page` (from 1); false when the view cannot.
-  virtual bool show_pdf(const std::string& /*path*/, int /*page*/) { return false; }
+  // Shows a PDF in the program's own view at `place`; false when the view cannot.
+  virtual bool show_pdf(const std::string& /*path*/, const ManualPlace& /*place*/) { return false; }
 };
 
 // The manual of the language under the data folder: Manual/TELLUX6_FR.PDF, _ES or _US (German
@@ -32,10 +39,10 @@ std::string manual_path(const SoundingState& s);
 // "tab-print", "tab-setup", "tab-profile", "tab-section"; "introduction" for any other.
 std::string help_topic_of_tab(int tab);
 
-// The page (from 1) where the manual's section `topic` begins, from the index of pages beside the
-// manual (its name with ".TOC": a line "topic page" per section); 1 when the index or the topic is
-// not there.
-int manual_page(const std::string& manual, const std::string& topic);
+// Where the manual's section `topic` begins, from the index of pages beside the manual (its name
+// with ".TOC": a line "topic page top" per section); the first page when the index or the topic
+// is not there.
+ManualPlace manual_place(const std::string& manual, const std::string& topic);
 
 // Help: the manual of the language at the section `topic` (the active tab or window), in the
 // program's own view. Where that view cannot show it, the desktop's PDF viewer ("Unable to shell "

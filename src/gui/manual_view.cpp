@@ -9,6 +9,7 @@
 #include <QPdfPageNavigator>
 #include <QPdfSearchModel>
 #include <QPdfView>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QTimer>
 #include <QTreeView>
@@ -68,12 +69,20 @@ ManualView::ManualView(const QString& file, QWidget* parent)
   resize(1000, 900);
 }
 
-void ManualView::go_to(int page) {
+void ManualView::go_to(int page, double top) {
   const int index = std::clamp(page - 1, 0, std::max(0, document_->pageCount() - 1));
   pages_->pageNavigator()->jump(index, QPointF(), pages_->zoomFactor());
-  // Once the view is laid out, the page stands at its top.
-  QTimer::singleShot(0, pages_, [this, index] {
+  // Once the view is laid out: the page at the top, then down to the heading, with a little
+  // room above it (the view places pages, not points within them).
+  QTimer::singleShot(0, pages_, [this, index, top] {
     pages_->pageNavigator()->jump(index, QPointF(), pages_->zoomFactor());
+    // The view fits the page's width: its pixels to a point follow from the widths.
+    const QMargins margins = pages_->documentMargins();
+    const double width = pages_->viewport()->width() - margins.left() - margins.right();
+    const double points = document_->pagePointSize(index).width();
+    const double pixels = points > 0 ? std::max(0.0, top - 12) * width / points : 0;
+    QScrollBar* bar = pages_->verticalScrollBar();
+    bar->setValue(bar->value() + static_cast<int>(pixels));
   });
 }
 

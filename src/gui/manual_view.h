@@ -18,8 +18,8 @@ class ManualView : public QDialog {
   // False when the file could not be read as a PDF.
   bool loaded() const { return loaded_; }
   QString file() const { return file_; }
-  // Shows page `page` (from 1) at the top of the view.
-  void go_to(int page);
+  // Shows page `page` (from 1) from `top` points below its top edge.
+  void go_to(int page, double top = 0);
   int page() const;
 
  private:

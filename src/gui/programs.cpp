@@ -38,7 +38,7 @@ bool DesktopPrograms::start(const std::string& program, const std::string& argum
   return QProcess::startDetached(QString::fromStdString(program), arguments);
 }
 
-bool DesktopPrograms::show_pdf(const std::string& path, int page) {
+bool DesktopPrograms::show_pdf(const std::string& path, const ManualPlace& place) {
   const QString file = QString::fromStdString(path);
   // One view of the manual: Help again turns its page.
   if (!view_ || view_->file() != file) {
@@ -53,7 +53,7 @@ bool DesktopPrograms::show_pdf(const std::string& path, int page) {
   }
   view_->show();
   view_->raise();
-  view_->go_to(page);
+  view_->go_to(place.page, place.top);
   return true;
 }
 

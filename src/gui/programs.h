@@ -17,7 +17,7 @@ class DesktopPrograms : public Programs {
   std::string pdf_viewer() override;
   std::string calculator() override;
   bool start(const std::string& program, const std::string& argument) override;
-  bool show_pdf(const std::string& path, int page) override;
+  bool show_pdf(const std::string& path, const ManualPlace& place) override;
   // The program's view of the manual, while it is open.
   ManualView* manual_view() const { return view_; }
 

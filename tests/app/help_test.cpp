@@ -18,8 +18,10 @@ struct ScriptedPrograms : Programs {
     log.push_back(program + " " + argument);
     return starts;
   }
-  bool show_pdf(const std::string& path, int page) override {
-    if (own_view) log.push_back("own view " + path + " " + std::to_string(page));
+  bool show_pdf(const std::string& path, const ManualPlace& at) override {
+    if (own_view)
+      log.push_back("own view " + path + " " + std::to_string(at.page) + " " +
+                    std::to_string(int(at.top)));
     return own_view;
   }
 };
@@ -52,12 +54,12 @@ TEST_F(HelpTest, TheManualOpensAtTheSectionInTheProgramsOwnViewAtOnce) {
   use_language('A');  // German users get the English manual
   EXPECT_EQ(manual_path(s).substr(manual_path(s).size() - 14), "TELLUX6_US.PDF");
   write("M.PDF", "%PDF");
-  write("M.TOC", "introduction 3\ntab-setup 17\n");
+  write("M.TOC", "introduction 3 45.5\ntab-setup 17 300.2\n");
   programs.viewer = "/usr/bin/evince";
   open_manual_file(session, programs, path("M.PDF"), help_topic_of_tab(3));
   open_manual_file(session, programs, path("M.PDF"), "no-such-section");
-  EXPECT_EQ(programs.log, (std::vector<std::string>{"own view " + path("M.PDF") + " 17",
-                                                    "own view " + path("M.PDF") + " 1"}));
+  EXPECT_EQ(programs.log, (std::vector<std::string>{"own view " + path("M.PDF") + " 17 300",
+                                                    "own view " + path("M.PDF") + " 1 0"}));
   EXPECT_TRUE(dialogs.messages.empty());  // no word of installing a reader
   EXPECT_EQ(help_topic_of_tab(5), "tab-section");
   EXPECT_EQ(help_topic_of_tab(6), "introduction");
