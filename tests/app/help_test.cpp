@@ -48,42 +48,37 @@ class HelpTest : public SessionTest {
   RecordingPictures pictures;
 };
 
-TEST_F(HelpTest, TheManualOpensAtTheSectionInTheProgramsOwnViewAtOnce) {
-  use_language('F');
-  EXPECT_EQ(manual_path(s).substr(manual_path(s).size() - 14), "TELLUX6_FR.PDF");
+// At once in the program's own view at the section's place; else the desktop's viewer; with
+// neither the two messages; a missing manual said with its path.
+TEST_F(HelpTest, TheManualOpensAtTheSectionInTheOwnViewElseTheViewerElseTheTwoMessages) {
   use_language('A');  // German users get the English manual
   EXPECT_EQ(manual_path(s).substr(manual_path(s).size() - 14), "TELLUX6_US.PDF");
-  write("M.PDF", "%PDF");
+  const std::string pdf = write("M.PDF", "%PDF"), none = path("none.PDF");
   write("M.TOC", "introduction 3 45.5\ntab-setup 17 300.2\n");
-  programs.viewer = "/usr/bin/evince";
-  open_manual_file(session, programs, path("M.PDF"), help_topic_of_tab(3));
-  open_manual_file(session, programs, path("M.PDF"), "no-such-section");
-  EXPECT_EQ(programs.log, (std::vector<std::string>{"own view " + path("M.PDF") + " 17 300",
-                                                    "own view " + path("M.PDF") + " 1 0"}));
-  EXPECT_TRUE(dialogs.messages.empty());  // no word of installing a reader
-  EXPECT_EQ(help_topic_of_tab(5), "tab-section");
+  struct Case {
+    bool own, starts;
+    std::string viewer, file, topic, log, said;
+  } const cases[] = {
+      {true, true, "/v", pdf, help_topic_of_tab(3), "own view " + pdf + " 17 300", ""},
+      {true, true, "", pdf, "no-such-section", "own view " + pdf + " 1 0", ""},
+      {false, true, "/v", pdf, "", "/v " + pdf, ""},
+      {false, false, "/v", pdf, "", "/v " + pdf, "Unable to shell " + pdf},
+      {false, true, "", pdf, "", "",
+       "You must intstall ACROBAT READER to open the help file|You must install a PDF reader "
+       "from the CD-ROM"},
+      {true, true, "/v", none, "", "", "The manual " + none + " is missing."}};
+  for (const Case& c : cases) {
+    programs = {};
+    std::tie(programs.own_view, programs.starts, programs.viewer) =
+        std::tie(c.own, c.starts, c.viewer);
+    dialogs.messages.clear();
+    open_manual_file(session, programs, c.file, c.topic);
+    std::string said;
+    for (const std::string& text : dialogs.texts()) said += (said.empty() ? "" : "|") + text;
+    EXPECT_EQ(programs.log.empty() ? "" : programs.log.back(), c.log) << c.topic;
+    EXPECT_EQ(said, c.said) << c.topic;
+  }
   EXPECT_EQ(help_topic_of_tab(6), "introduction");
-}
-
-TEST_F(HelpTest, WithoutTheOwnViewTheDesktopsViewerThenTheTwoMessages) {
-  write("M.PDF", "%PDF");
-  programs.own_view = false;
-  programs.viewer = "/usr/bin/evince";
-  open_manual_file(session, programs, path("M.PDF"), "");
-  EXPECT_EQ(programs.log.back(), "/usr/bin/evince " + path("M.PDF"));
-  programs.starts = false;
-  open_manual_file(session, programs, path("M.PDF"), "");
-  EXPECT_EQ(dialogs.texts().back(), "Unable to shell " + path("M.PDF"));
-  dialogs.messages.clear();
-  programs.viewer.clear();
-  open_manual_file(session, programs, path("M.PDF"), "");
-  EXPECT_EQ(dialogs.texts(),
-            (std::vector<std::string>{"You must intstall ACROBAT READER to open the help file",
-                                      "You must install a PDF reader from the CD-ROM"}));
-  dialogs.messages.clear();
-  open_manual_file(session, programs, path("none.PDF"), "");  // missing: said with its path
-  EXPECT_EQ(dialogs.texts(),
-            std::vector<std::string>{"The manual " + path("none.PDF") + " is missing."});
 }
 
 TEST_F(HelpTest, AGraphicalProgramOfOneBlankIsNotLocated) {
