@@ -1,6 +1,8 @@
 #include "app/help.h"
 
 #include <filesystem>
+#include <fstream>
+#include <sstream>
 
 #include "app/picture_export.h"
 #include "core/data_dir.h"
@@ -24,8 +26,40 @@ std::string manual_path(const SoundingState& s) {
   return installed;
 }
 
-void open_manual(Session& session, Programs& programs) {
-  const std::string manual = manual_path(session.s);
+std::string help_topic_of_tab(int tab) {
+  static const char* const topics[] = {"tab-bilog", "tab-sheet",   "tab-print",
+                                       "tab-setup", "tab-profile", "tab-section"};
+  return tab >= 0 && tab < 6 ? topics[tab] : "introduction";
+}
+
+ManualPlace manual_place(const std::string& manual, const std::string& topic) {
+  std::string index = manual;
+  if (const size_t dot = index.rfind('.'); dot != std::string::npos) index.erase(dot);
+  std::ifstream in(index + ".TOC");
+  std::string line;
+  while (!topic.empty() && std::getline(in, line)) {
+    std::istringstream fields(line);
+    std::string name;
+    ManualPlace place;
+    if (fields >> name >> place.page && name == topic) {
+      if (!(fields >> place.top)) place.top = 0;
+      if (place.page < 1) place.page = 1;
+      return place;
+    }
+  }
+  return {};
+}
+
+void open_manual_file(Session& session, Programs& programs, const std::string& manual,
+                      const std::string& topic) {
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(manual, error)) {
+    session.tell(session.text("Le manuel ", "No se encuentra el manual ", "The manual ") + manual +
+                     session.text(" est introuvable.", ".", " is missing."),
+                 Icon::Exclamation);
+    return;
+  }
+  if (programs.show_pdf(manual, manual_place(manual, topic))) return;
   const std::string viewer = programs.pdf_viewer();
   if (!viewer.empty()) {
     if (!programs.start(viewer, manual)) session.tell("Unable to shell " + manual);
@@ -33,8 +67,10 @@ void open_manual(Session& session, Programs& programs) {
   }
   session.tell("You must intstall ACROBAT READER to open the help file");
   session.tell("You must install a PDF reader from the CD-ROM");
-  // A user always gets the manual: in the program's own view.
-  programs.show_pdf(manual);
+}
+
+void open_manual(Session& session, Programs& programs, const std::string& topic) {
+  open_manual_file(session, programs, manual_path(session.s), topic);
 }
 
 void open_calculator(Session& session, Programs& programs) {

@@ -8,6 +8,13 @@
 
 namespace tellux {
 
+// Where a section of the manual begins: its page (from 1) and the distance of its heading from
+// the page's top edge, in points.
+struct ManualPlace {
+  int page = 1;
+  double top = 0;
+};
+
 // What starting other programs needs of the desktop. The defaults find nothing.
 class Programs {
  public:
@@ -20,17 +27,31 @@ class Programs {
   virtual bool start(const std::string& /*program*/, const std::string& /*argument*/) {
     return false;
   }
-  // Shows a PDF in the program's own view (when no viewer is installed).
-  virtual void show_pdf(const std::string& /*path*/) {}
+  // Shows a PDF in the program's own view at `place`; false when the view cannot.
+  virtual bool show_pdf(const std::string& /*path*/, const ManualPlace& /*place*/) { return false; }
 };
 
 // The manual of the language under the data folder: Manual/TELLUX6_FR.PDF, _ES or _US (German
 // users get the English one).
 std::string manual_path(const SoundingState& s);
 
-// Help: the manual in the desktop's PDF viewer; "Unable to shell " + path when it does not start;
-// without a viewer the two messages, then the program's own view of the manual.
-void open_manual(Session& session, Programs& programs);
+// The manual's section of a tab of the main window, by its index: "tab-bilog", "tab-sheet",
+// "tab-print", "tab-setup", "tab-profile", "tab-section"; "introduction" for any other.
+std::string help_topic_of_tab(int tab);
+
+// Where the manual's section `topic` begins, from the index of pages beside the manual (its name
+// with ".TOC": a line "topic page top" per section); the first page when the index or the topic
+// is not there.
+ManualPlace manual_place(const std::string& manual, const std::string& topic);
+
+// Help: the manual of the language at the section `topic` (the active tab or window), in the
+// program's own view. Where that view cannot show it, the desktop's PDF viewer ("Unable to shell "
+// + path when it does not start); with neither, the two messages about installing a reader. A
+// missing manual is said with its path.
+void open_manual(Session& session, Programs& programs, const std::string& topic = {});
+// The same with the manual's file given.
+void open_manual_file(Session& session, Programs& programs, const std::string& manual,
+                      const std::string& topic);
 
 // The calculator; a message when the desktop has none.
 void open_calculator(Session& session, Programs& programs);

@@ -24,6 +24,7 @@
 #include "convert/syscal.h"
 #include "gui/extraction_dialog.h"
 #include "gui/grid_view.h"
+#include "gui/help_key.h"
 #include "gui/print_widget.h"
 #include "gui/profile_widget.h"
 #include "gui/programs.h"
@@ -84,10 +85,13 @@ MainWindow::MainWindow(Application& app, QtDrawingSurface& bilog, QtForms& forms
   if (dialogs) dialogs->set_parent(this);
 
   programs_ = std::make_unique<DesktopPrograms>(this);
-  app_.main.open_manual = [this] { open_manual(app_.session, *programs_); };
+  app_.main.open_manual = [this] {
+    open_manual(app_.session, *programs_, active_help_topic(*tabs_));
+  };
   app_.frmSplash.open_manual = app_.main.open_manual;
   build_menu();
   build_toolbar();
+  install_help_key(*this, [this] { app_.main.open_manual(); });
 
   auto* central = new QWidget;
   setCentralWidget(central);
@@ -289,7 +293,7 @@ void MainWindow::build_menu() {
   };
   add(help, "NAuteur", "Author", about);
   add(help, "WS", "About Tellux", about);
-  add(help, "Help_US", "Tellux Help", [this] { open_manual(app_.session, *programs_); });
+  add(help, "Help_US", "Tellux Help", [this] { app_.main.open_manual(); });
   // The video is there only when one is installed in the manual folder.
   QAction* video = add(help, "video", "Video", [this] {
     if (!programs_->start("xdg-open", video_path()))

@@ -1,13 +1,7 @@
 #include "gui/programs.h"
 
-#include <QDialog>
-#include <QFileInfo>
-#include <QMessageBox>
-#include <QPdfDocument>
-#include <QPdfView>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QVBoxLayout>
 
 namespace tellux {
 
@@ -44,27 +38,23 @@ bool DesktopPrograms::start(const std::string& program, const std::string& argum
   return QProcess::startDetached(QString::fromStdString(program), arguments);
 }
 
-void DesktopPrograms::show_pdf(const std::string& path) {
+bool DesktopPrograms::show_pdf(const std::string& path, const ManualPlace& place) {
   const QString file = QString::fromStdString(path);
-  if (!QFileInfo::exists(file)) {
-    QMessageBox::warning(parent_, QStringLiteral("Tellux 6.4"),
-                         QStringLiteral("The manual %1 is not installed.").arg(file));
-    return;
+  // One view of the manual: Help again turns its page.
+  if (!view_ || view_->file() != file) {
+    delete view_.data();
+    auto* view = new ManualView(file, parent_);
+    view->setAttribute(Qt::WA_DeleteOnClose);
+    if (!view->loaded()) {
+      delete view;
+      return false;
+    }
+    view_ = view;
   }
-  auto* dialog = new QDialog(parent_);
-  dialog->setAttribute(Qt::WA_DeleteOnClose);
-  dialog->setWindowTitle(QFileInfo(file).fileName());
-  auto* document = new QPdfDocument(dialog);
-  document->load(file);
-  auto* view = new QPdfView(dialog);
-  view->setDocument(document);
-  view->setPageMode(QPdfView::PageMode::MultiPage);
-  view->setZoomMode(QPdfView::ZoomMode::FitToWidth);
-  auto* layout = new QVBoxLayout(dialog);
-  layout->setContentsMargins(0, 0, 0, 0);
-  layout->addWidget(view);
-  dialog->resize(820, 900);
-  dialog->show();
+  view_->show();
+  view_->raise();
+  view_->go_to(place.page, place.top);
+  return true;
 }
 
 }  // namespace tellux

@@ -10,7 +10,7 @@ namespace {
 
 struct ScriptedPrograms : Programs {
   std::string viewer, calc;
-  bool starts = true;
+  bool starts = true, own_view = true;
   std::vector<std::string> log;
   std::string pdf_viewer() override { return viewer; }
   std::string calculator() override { return calc; }
@@ -18,7 +18,12 @@ struct ScriptedPrograms : Programs {
     log.push_back(program + " " + argument);
     return starts;
   }
-  void show_pdf(const std::string& path) override { log.push_back("own view " + path); }
+  bool show_pdf(const std::string& path, const ManualPlace& at) override {
+    if (own_view)
+      log.push_back("own view " + path + " " + std::to_string(at.page) + " " +
+                    std::to_string(int(at.top)));
+    return own_view;
+  }
 };
 
 // Pictures that leave the program: names, the question on an existing file, the size message.
@@ -43,24 +48,37 @@ class HelpTest : public SessionTest {
   RecordingPictures pictures;
 };
 
-TEST_F(HelpTest, TheManualByLanguageInTheViewerOrTheProgramsOwnView) {
-  use_language('F');
-  programs.viewer = "/usr/bin/evince";
-  open_manual(session, programs);
-  EXPECT_EQ(programs.log.back(), "/usr/bin/evince " + manual_path(s));
-  EXPECT_EQ(manual_path(s).substr(manual_path(s).size() - 14), "TELLUX6_FR.PDF");
+// At once in the program's own view at the section's place; else the desktop's viewer; with
+// neither the two messages; a missing manual said with its path.
+TEST_F(HelpTest, TheManualOpensAtTheSectionInTheOwnViewElseTheViewerElseTheTwoMessages) {
   use_language('A');  // German users get the English manual
-  programs.starts = false;
-  open_manual(session, programs);
-  EXPECT_EQ(dialogs.texts().back(), "Unable to shell " + manual_path(s));
   EXPECT_EQ(manual_path(s).substr(manual_path(s).size() - 14), "TELLUX6_US.PDF");
-  dialogs.messages.clear();
-  programs.viewer.clear();
-  open_manual(session, programs);
-  EXPECT_EQ(dialogs.texts(),
-            (std::vector<std::string>{"You must intstall ACROBAT READER to open the help file",
-                                      "You must install a PDF reader from the CD-ROM"}));
-  EXPECT_EQ(programs.log.back(), "own view " + manual_path(s));
+  const std::string pdf = write("M.PDF", "%PDF"), none = path("none.PDF");
+  write("M.TOC", "introduction 3 45.5\ntab-setup 17 300.2\n");
+  struct Case {
+    bool own, starts;
+    std::string viewer, file, topic, log, said;
+  } const cases[] = {
+      {true, true, "/v", pdf, help_topic_of_tab(3), "own view " + pdf + " 17 300", ""},
+      {true, true, "", pdf, "no-such-section", "own view " + pdf + " 1 0", ""},
+      {false, true, "/v", pdf, "", "/v " + pdf, ""},
+      {false, false, "/v", pdf, "", "/v " + pdf, "Unable to shell " + pdf},
+      {false, true, "", pdf, "", "",
+       "You must intstall ACROBAT READER to open the help file|You must install a PDF reader "
+       "from the CD-ROM"},
+      {true, true, "/v", none, "", "", "The manual " + none + " is missing."}};
+  for (const Case& c : cases) {
+    programs = {};
+    std::tie(programs.own_view, programs.starts, programs.viewer) =
+        std::tie(c.own, c.starts, c.viewer);
+    dialogs.messages.clear();
+    open_manual_file(session, programs, c.file, c.topic);
+    std::string said;
+    for (const std::string& text : dialogs.texts()) said += (said.empty() ? "" : "|") + text;
+    EXPECT_EQ(programs.log.empty() ? "" : programs.log.back(), c.log) << c.topic;
+    EXPECT_EQ(said, c.said) << c.topic;
+  }
+  EXPECT_EQ(help_topic_of_tab(6), "introduction");
 }
 
 TEST_F(HelpTest, AGraphicalProgramOfOneBlankIsNotLocated) {

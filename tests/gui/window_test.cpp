@@ -16,6 +16,7 @@
 #include "app/application.h"
 #include "gui/grid_view.h"
 #include "gui/main_window.h"
+#include "gui/manual_view.h"
 #include "gui/profile_widget.h"
 #include "gui/qt_forms.h"
 #include "gui/setup_widget.h"
@@ -123,6 +124,23 @@ class WindowTest : public QObject {
     QCOMPARE(p.model_window_unloaded, 1);
     QCOMPARE(p.window.sheet()->button("ExitButton")->text(), QStringLiteral("&Quitte"));
     QCOMPARE(p.window.tabs()->tabText(1), QStringLiteral("SEV model"));
+  }
+
+  // F1 opens the manual at once in the program's own view, at the section of the tab in use.
+  void theKeyF1OpensTheManualAtTheSectionOfTheTab() {
+    Program& p = start();
+    p.window.splash()->close();  // over the start window F1 opens its section
+    p.window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&p.window));
+    p.window.tabs()->setCurrentIndex(3);
+    QTest::keyClick(&p.window, Qt::Key_F1);
+    auto* view = static_cast<ManualView*>(p.window.findChild<QDialog*>(QStringLiteral("manual")));
+    if (!view && !p.dialogs.messages.empty() &&
+        p.dialogs.texts().back().find("is missing") != std::string::npos)
+      QSKIP("the manuals are not built");
+    QVERIFY(view && view->isVisible() && p.dialogs.messages.empty());
+    QCOMPARE(view->page(), manual_place(view->file().toStdString(), "tab-setup").page);
+    QVERIFY(view->page() > 20);
   }
 
   // Opening a sample through the toolbar; from then on a resize draws the diagram again: frame,
