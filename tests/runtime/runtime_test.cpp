@@ -126,6 +126,8 @@ TEST(TokenReader, ItemsEndAtCommasAndLineEndsAndBlanksAreSkipped) {
   EXPECT_EQ(error_of([&] { in.number(); }), kInputPastEnd);
   EXPECT_EQ(error_of([] { TokenReader("").number(); }), kInputPastEnd);
   EXPECT_EQ(error_of([] { TokenReader("x2\r\n").number(); }), kTypeMismatch);
+  TokenReader blanks("1.5 100 ,0\r\n");  // a number also ends at a blank
+  for (double v : {1.5, 100.0, 0.0}) EXPECT_EQ(blanks.number(), v);
   TokenReader lines("first line, with comma\r\nsecond\n");
   EXPECT_EQ(lines.line(), "first line, with comma");
   EXPECT_EQ(lines.line(), "second");

@@ -93,7 +93,19 @@ std::string TokenReader::raw_item() {
   return item;
 }
 
-double TokenReader::number() { return parse_number_token(raw_item()); }
+// A number that does not stand in quotes also ends at a blank, so that "1.5 100 0" is three
+// numbers as the field instruments write them; a text keeps its blanks.
+double TokenReader::number() {
+  skip_separators_before_item();
+  if (text_[pos_] == '"') return parse_number_token(raw_item());
+  const size_t start = pos_;
+  while (pos_ < text_.size() && text_[pos_] != ',' && !is_line_end(text_[pos_]) &&
+         !is_blank(text_[pos_]))
+    ++pos_;
+  const std::string item = text_.substr(start, pos_ - start);
+  finish_item();
+  return parse_number_token(item);
+}
 float TokenReader::single() { return CSng(number()); }
 int16_t TokenReader::integer16() { return CInt(number()); }
 std::string TokenReader::text() { return to_utf8(raw_item()); }
