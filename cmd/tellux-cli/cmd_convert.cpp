@@ -19,6 +19,14 @@ namespace fs = std::filesystem;
 
 std::string absolute(const std::string& path) { return fs::absolute(path).string(); }
 
+// The folder the files of a conversion go to, as the converters take it: without a last separator.
+std::string absolute_folder(const std::string& dir) {
+  if (dir.empty()) return dir;
+  std::string folder = fs::absolute(dir).lexically_normal().string();
+  if (folder.size() > 1 && folder.back() == '/') folder.pop_back();
+  return folder;
+}
+
 // Runs `convert`, then prints the files written and the messages. An input the program would not
 // read is named with its reason and fails the command, also where the converter itself says
 // nothing.
@@ -136,7 +144,7 @@ Command convert_command(CLI::App& root) {
             if (syscal->parsed()) {
               cli.dialogs.open_choices.push_back({absolute(o->file)});
               for (const std::string& n : o->names) cli.dialogs.inputs.push_back(n);
-              const std::string out = o->out_dir.empty() ? "" : absolute(o->out_dir);
+              const std::string out = absolute_folder(o->out_dir);
               return report_files(cli, {o->file}, [&] { return Syscal(cli.session, out); });
             }
             if (res2dinv->parsed()) {
@@ -150,12 +158,12 @@ Command convert_command(CLI::App& root) {
                 f.Text5 = o->altitude;
                 f.done = true;
               };
-              const std::string out = o->out_dir.empty() ? "" : absolute(o->out_dir);
+              const std::string out = absolute_folder(o->out_dir);
               return report_files(cli, {o->file}, [&] { return RES2DINV(cli.session, form, out); });
             }
             cli.dialogs.open_choices.push_back({absolute(o->spreads)});
             cli.dialogs.open_choices.push_back({absolute(o->values)});
-            const std::string out = o->out_dir.empty() ? "" : absolute(o->out_dir);
+            const std::string out = absolute_folder(o->out_dir);
             return report_files(cli, {o->spreads, o->values},
                                 [&] { return multiple_soundings_sheet(cli.session, out); });
           }};

@@ -121,7 +121,7 @@ TEST(TokenReader, ItemsEndAtCommasAndLineEndsAndBlanksAreSkipped) {
   EXPECT_EQ(in.text(), "pl ain");
   EXPECT_EQ(in.number(), 7.0);
   EXPECT_EQ(in.text(), "x");
-  EXPECT_EQ(in.number(), 0.0);
+  for (int k = 0; k < 2; ++k) EXPECT_EQ(in.number(), 0.0);  // a lone comma: two empty items
   EXPECT_TRUE(in.at_end());
   EXPECT_EQ(error_of([&] { in.number(); }), kInputPastEnd);
   EXPECT_EQ(error_of([] { TokenReader("").number(); }), kInputPastEnd);
