@@ -85,10 +85,11 @@ std::vector<std::string> multiple_soundings_sheet(Session& session, const std::s
           continue;
         }
         ++index;
-        if (index == 0) name = token;
-        if (index == 1) s.LocationX = token;
-        if (index == 2) s.LocationY = token;
-        if (index == 3) s.LocationZ = token;
+        // Texts are decoded as those of any file: UTF-8, else Windows-1252.
+        if (index == 0) name = rt::to_utf8(token);
+        if (index == 1) s.LocationX = rt::to_utf8(token);
+        if (index == 2) s.LocationY = rt::to_utf8(token);
+        if (index == 3) s.LocationZ = rt::to_utf8(token);
         if (index >= 4) s.FieldTable(index - 3, 2) = rt::Val(token);
         token.clear();
       }
