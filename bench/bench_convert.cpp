@@ -59,10 +59,10 @@ void BM_SyscalFiveHundredRows(benchmark::State& state) {
   Folder folder;
   {
     std::ofstream out("syscal.DAT");
-    out << "Name Id Id V A AB2 MN2\n";
+    out << "Name,Id,Id,V,A,AB2,MN2\n";
     for (int k = 0; k < 500; ++k)
-      out << "S" << k / 25 << " 1 1 " << 0.5 + 0.01 * (k % 25) << " 0.1 " << 2 + 4 * (k % 25)
-          << " 1\n";
+      out << "S" << k / 25 << ",1,1," << 0.5 + 0.01 * (k % 25) << ",0.1," << 2 + 4 * (k % 25)
+          << ",1\n";
   }
   tellux::SoundingState s;
   tellux::ScriptedDialogs dialogs;

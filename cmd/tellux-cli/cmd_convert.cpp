@@ -9,6 +9,7 @@
 #include "convert/multi_sheet.h"
 #include "convert/res2dinv.h"
 #include "convert/syscal.h"
+#include "core/default_spread.h"
 
 namespace tellux::cli {
 
@@ -18,27 +19,25 @@ namespace fs = std::filesystem;
 
 std::string absolute(const std::string& path) { return fs::absolute(path).string(); }
 
-// Runs `convert` in `out_dir` (the files it names relative to the current folder land there),
-// then prints the files written and the messages. An input the program would not read is named
-// with its reason and fails the command, also where the converter itself says nothing.
-int report_files(Cli& cli, const std::string& out_dir, const std::vector<std::string>& inputs,
+// The folder the files of a conversion go to, as the converters take it: without a last separator.
+std::string absolute_folder(const std::string& dir) {
+  if (dir.empty()) return dir;
+  std::string folder = fs::absolute(dir).lexically_normal().string();
+  if (folder.size() > 1 && folder.back() == '/') folder.pop_back();
+  return folder;
+}
+
+// Runs `convert`, then prints the files written and the messages. An input the program would not
+// read is named with its reason and fails the command, also where the converter itself says
+// nothing.
+int report_files(Cli& cli, const std::vector<std::string>& inputs,
                  const std::function<std::vector<std::string>()>& convert) {
-  const fs::path before = fs::current_path();
-  if (!out_dir.empty()) {
-    std::error_code error;
-    fs::current_path(out_dir, error);
-    if (error) {
-      Cli::complain(out_dir + ": " + error.message());
-      return 1;
-    }
-  }
   cli.session.file_failure.clear();
   std::vector<std::string> files = convert();
-  if (!out_dir.empty()) fs::current_path(before);
   if (!cli.session.file_failure.empty()) Cli::complain("cannot write " + cli.session.file_failure);
   Json j;
   j["Files"] = Json::array();
-  for (const std::string& f : files) j["Files"].push_back(text(absolute(fs::path(out_dir) / f)));
+  for (const std::string& f : files) j["Files"].push_back(text(absolute(f)));
   j["Messages"] = cli.messages();
   cli.print(j);
   bool unreadable = false;
@@ -71,7 +70,8 @@ Command convert_command(CLI::App& root) {
       ->add_option("--names", o->names,
                    "Answers to the file-name boxes, in order (default: each sounding's name)")
       ->delimiter(',');
-  syscal->add_option("--out-dir", o->out_dir, "Folder of the TX3 files (default: the current one)");
+  syscal->add_option("--out-dir", o->out_dir,
+                     "Folder of the TX3 files (default: beside the Syscal file)");
 
   auto* res2dinv = app->add_subcommand(
       "res2dinv", "RES2DINV Wenner pseudo-section: modelled soundings evenly along the line");
@@ -93,7 +93,8 @@ Command convert_command(CLI::App& root) {
   sheet->add_option("SPREADS", o->spreads, "The AB/2 values shared by the soundings")->required();
   sheet->add_option("RESISTIVITIES", o->values, "One line per sounding: name X Y Z rho1 rho2 ...")
       ->required();
-  sheet->add_option("--out-dir", o->out_dir, "Folder of the TX3 files (default: the current one)");
+  sheet->add_option("--out-dir", o->out_dir,
+                    "Folder of the TX3 files (default: beside the resistivities)");
 
   // The instruments' files, one sounding each.
   struct InstrumentOptions {
@@ -121,14 +122,21 @@ Command convert_command(CLI::App& root) {
             for (const auto& [sub, kind] : instruments) {
               if (!sub->parsed()) continue;
               if (!io->array.empty()) apply_array(cli.s, io->array);
-              cli.dialogs.open_choices.push_back({absolute(io->file)});
-              // The spread file named stands for the one the dialog would ask for.
+              // The spread file named stands for the setting. When PASI cannot read it, the
+              // dialog that asks for another is cancelled: the command ends there.
               const std::string spreads =
                   io->spreads.empty() ? cli.settings.SevFile : absolute(io->spreads);
+              if (kind == Instrument::Pasi) {
+                SoundingState probe;
+                probe.SpreadTag = cli.s.SpreadTag;
+                if (read_default_spread(probe, pasi_spread_file(spreads, probe.SpreadTag)) == 0)
+                  cli.dialogs.open_choices.push_back({});
+              }
+              cli.dialogs.open_choices.push_back({absolute(io->file)});
               const std::string out = io->out.empty() ? "" : absolute(io->out);
               std::vector<std::string> inputs{io->file};
               if (!io->spreads.empty()) inputs.push_back(io->spreads);
-              return report_files(cli, "", inputs, [&, k = kind] {
+              return report_files(cli, inputs, [&, k = kind] {
                 const auto path = convert_instrument(cli.session, k, spreads, out);
                 return path ? std::vector<std::string>{*path} : std::vector<std::string>{};
               });
@@ -136,7 +144,8 @@ Command convert_command(CLI::App& root) {
             if (syscal->parsed()) {
               cli.dialogs.open_choices.push_back({absolute(o->file)});
               for (const std::string& n : o->names) cli.dialogs.inputs.push_back(n);
-              return report_files(cli, o->out_dir, {o->file}, [&] { return Syscal(cli.session); });
+              const std::string out = absolute_folder(o->out_dir);
+              return report_files(cli, {o->file}, [&] { return Syscal(cli.session, out); });
             }
             if (res2dinv->parsed()) {
               if (!o->array.empty()) apply_array(cli.s, o->array);
@@ -149,14 +158,14 @@ Command convert_command(CLI::App& root) {
                 f.Text5 = o->altitude;
                 f.done = true;
               };
-              const std::string out = o->out_dir.empty() ? "" : absolute(o->out_dir);
-              return report_files(cli, "", {o->file},
-                                  [&] { return RES2DINV(cli.session, form, out); });
+              const std::string out = absolute_folder(o->out_dir);
+              return report_files(cli, {o->file}, [&] { return RES2DINV(cli.session, form, out); });
             }
             cli.dialogs.open_choices.push_back({absolute(o->spreads)});
             cli.dialogs.open_choices.push_back({absolute(o->values)});
-            return report_files(cli, o->out_dir, {o->spreads, o->values},
-                                [&] { return multiple_soundings_sheet(cli.session); });
+            const std::string out = absolute_folder(o->out_dir);
+            return report_files(cli, {o->spreads, o->values},
+                                [&] { return multiple_soundings_sheet(cli.session, out); });
           }};
 }
 
@@ -183,7 +192,7 @@ Command rename_backup_command(CLI::App& root) {
   app->add_option("FILE", *file, "The backup file")->required();
   return {app, [file](Cli& cli) {
             cli.dialogs.open_choices.push_back({absolute(*file)});
-            return report_files(cli, "", {}, [&] {
+            return report_files(cli, {}, [&] {
               const auto path = rename_backup(cli.session);
               return path ? std::vector<std::string>{*path} : std::vector<std::string>{};
             });
@@ -213,7 +222,7 @@ Command export_txl_command(CLI::App& root) {
               s.LayerHistory.erase();
             }
             cli.dialogs.save_choices.push_back(absolute(o->out));
-            return report_files(cli, "", {}, [&] {
+            return report_files(cli, {}, [&] {
               const auto path = export_txl(cli.session);
               return path ? std::vector<std::string>{*path} : std::vector<std::string>{};
             });

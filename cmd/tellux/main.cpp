@@ -78,7 +78,8 @@ int main(int argc, char** argv) {
   tellux::MainWindow window(app, bilog, forms, &dialogs);
   window.on_end = [] { QApplication::quit(); };
   if (!window.start()) return 0;
-  if (QFileInfo(QString::fromStdString(app.s.FileDir)).isDir())
+  // An absolute folder only: a relative one would leave the dialogs in the program's folder.
+  if (const QFileInfo dir(QString::fromStdString(app.s.FileDir)); dir.isAbsolute() && dir.isDir())
     dialogs.set_start_dir(QString::fromStdString(app.s.FileDir));
   return QApplication::exec();
 }

@@ -2,7 +2,7 @@
 
 #include <sstream>
 
-#include "convert/items.h"
+#include "core/file_names.h"
 #include "core/runtime/arithmetic.h"
 #include "core/runtime/discipline.h"
 #include "core/runtime/errors.h"
@@ -38,7 +38,7 @@ std::optional<std::string> choose(Session& session, const char* title) {
 
 }  // namespace
 
-std::vector<std::string> multiple_soundings_sheet(Session& session) {
+std::vector<std::string> multiple_soundings_sheet(Session& session, const std::string& out_dir) {
   SoundingState& s = session.s;
   std::vector<std::string> written;
   s.WorkMode = mode::kField;
@@ -48,14 +48,17 @@ std::vector<std::string> multiple_soundings_sheet(Session& session) {
     s.FieldTable.erase();
     s.MaxAbHalf = 1;
     int n = 0;
-    for (const std::string& item : split_items(rt::read_whole_file(*spreads_path), 52)) {
-      ++n;  // a 52nd spread fails on the table's bound
-      s.FieldTable(n, 1) = rt::parse_number_token(item);
-      s.MaxAbHalf = rt::CInt(s.FieldTable(n, 1).num());
+    rt::TokenReader spreads(rt::read_whole_file(*spreads_path));
+    while (!spreads.at_end()) {
+      const double ab = spreads.number();
+      s.FieldTable(++n, 1) = ab;  // a 52nd spread fails on the table's bound
+      s.MaxAbHalf = rt::CInt(ab);
     }
     s.WorkMode = mode::kNormal;
     const auto values_path = choose(session, "Resistivity data file selection");
     if (!values_path) return written;
+    // The files land beside the resistivities, the file the dialog left.
+    const std::string folder = out_dir.empty() ? folder_of(*values_path) : out_dir + "/";
     std::istringstream lines(rt::read_whole_file(*values_path));
     std::string line;
     int C = 0, seen = 0;
@@ -82,10 +85,11 @@ std::vector<std::string> multiple_soundings_sheet(Session& session) {
           continue;
         }
         ++index;
-        if (index == 0) name = token;
-        if (index == 1) s.LocationX = token;
-        if (index == 2) s.LocationY = token;
-        if (index == 3) s.LocationZ = token;
+        // Texts are decoded as those of any file: UTF-8, else Windows-1252.
+        if (index == 0) name = rt::to_utf8(token);
+        if (index == 1) s.LocationX = rt::to_utf8(token);
+        if (index == 2) s.LocationY = rt::to_utf8(token);
+        if (index == 3) s.LocationZ = rt::to_utf8(token);
         if (index >= 4) s.FieldTable(index - 3, 2) = rt::Val(token);
         token.clear();
       }
@@ -98,8 +102,9 @@ std::vector<std::string> multiple_soundings_sheet(Session& session) {
         ForwardCurve(session);
         rt::skip([&] { ComputeDepths(session); });
         session.forms.refresh_model_grid();
-        std::string path = name + ".TX3";
-        s.FileName = path;
+        std::string path = folder + name + ".TX3";
+        s.FilePath = path;
+        s.FileName = name + ".TX3";
         if (write_sounding_file(session, path)) written.push_back(path);
         s.WorkMode.clear();
       } else {

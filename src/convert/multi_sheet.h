@@ -9,7 +9,9 @@
 
 namespace tellux {
 
-// The menu command: the two dialogs, then the soundings; returns the files written.
-std::vector<std::string> multiple_soundings_sheet(Session& session);
+// The menu command: the two dialogs, then the soundings, written in the folder of the file of
+// resistivities (or in `out_dir`); returns the files written.
+std::vector<std::string> multiple_soundings_sheet(Session& session,
+                                                  const std::string& out_dir = {});
 
 }  // namespace tellux

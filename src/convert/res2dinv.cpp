@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "convert/items.h"
 #include "core/file_names.h"
 #include "core/runtime/arithmetic.h"
 #include "core/runtime/discipline.h"
@@ -52,16 +51,10 @@ std::string coordinate(double v) { return rt::Str(std::floor(v * 10000) / 10000)
 
 std::optional<Res2dinvData> read_res2dinv(const std::string& text, std::string& refusal) {
   Res2dinvData d;
-  std::string rest;
-  d.title = first_line(text, rest);
-  const std::vector<std::string> items =
-      split_items(rest, 5 + 3 * kMostPoints);  // the header, then the points
-  size_t next = 0;
-  const auto number = [&] {
-    if (next >= items.size()) rt::raise(rt::kInputPastEnd);
-    return rt::parse_number_token(items[next++]);
-  };
+  rt::TokenReader in(text);
+  const auto number = [&] { return in.number(); };
   try {
+    d.title = in.text();
     d.u = static_cast<float>(number());
     const int16_t array = rt::CInt(number());
     if (array != 1 && array != 4 && array != 5) {
@@ -144,17 +137,22 @@ std::vector<std::string> RES2DINV(Session& session, const std::function<void(R2d
   const auto chosen = session.dialogs.open_file(
       {"Fichier RES2DINV (*.DAT)| *.DAT    ", "RES2DINV File selection", "*.DAT"});
   if (!chosen) return written;
-  s.FilePath = *chosen;
-  s.FileName = bare_name(s.FilePath);
+  const std::string input = *chosen;
+  s.FilePath = input;
+  s.FileName = bare_name(input);
   if (s.FileName.empty()) {
     session.tell(session.text("Sélectionnez d'abord un fichier ", "Primero, seleccione un fichero ",
                               "First select a File "));
     return written;
   }
+  // The record names a sounding from here: a Save does not go to the data file.
+  std::string stem = without_extension(input);
+  s.FilePath = stem + "AA.TX3";
+  s.FileName = bare_name(s.FilePath);
   std::string refusal;
   std::optional<Res2dinvData> data;
   try {
-    data = read_res2dinv(rt::read_whole_file(s.FilePath), refusal);
+    data = read_res2dinv(rt::read_whole_file(input), refusal);
   } catch (const rt::RuntimeError&) {
     refusal = "Error during reading";
   }
@@ -189,8 +187,6 @@ std::vector<std::string> RES2DINV(Session& session, const std::function<void(R2d
     const Levels lv = levels_of(*data);
     const double L = lv.max_x - lv.min_x;
     s.MaxAbHalf = rt::CInt(rt::Log(L) * 0.4343);  // decades, not metres; L = 0 ends the command
-    std::string stem =
-        s.FilePath.substr(0, s.FilePath.size() - std::min<size_t>(4, s.FilePath.size()));
     if (!out_dir.empty()) stem = out_dir + "/" + bare_name(stem);
     const auto soundings = extract_soundings(*data, N, rt::Val(form.Text4));
     const TellEachOnce once(session.dialogs);
@@ -213,6 +209,7 @@ std::vector<std::string> RES2DINV(Session& session, const std::function<void(R2d
       session.forms.refresh_model_grid();
       // The names keep the blank of the number's text: "_ 1.TX3".
       std::string path = stem + "_" + rt::Str(i) + ".TX3";
+      s.FilePath = path;  // a later Save goes to the last sounding, never to the data file
       s.FileName = bare_name(path);
       if (write_sounding_file(session, path)) written.push_back(path);
       s.WorkMode.clear();
@@ -220,6 +217,11 @@ std::vector<std::string> RES2DINV(Session& session, const std::function<void(R2d
   } catch (const rt::RuntimeError&) {
     session.tell("Error during reading");
   }
+  if (!written.empty())
+    session.tell(rt::Str(static_cast<double>(written.size())) + " soundings have been saved as " +
+                     bare_name(written.front()) + " to " + bare_name(written.back()) + " in " +
+                     folder_of(written.front()),
+                 Icon::Information);
   s.WorkMode.clear();
   s.Spread = spread;
   s.SpreadTag = tag;

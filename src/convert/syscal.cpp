@@ -2,8 +2,7 @@
 
 #include <cmath>
 
-#include "convert/items.h"
-
+#include "convert/conversion_stop.h"
 #include "core/file_names.h"
 #include "core/runtime/arithmetic.h"
 #include "core/runtime/discipline.h"
@@ -53,24 +52,25 @@ void sort_rows(SoundingState& s) {
 
 SyscalFile read_syscal(const std::string& text) {
   SyscalFile file;
-  std::string rest;
-  first_line(text, rest);  // the header, dropped
-  const std::vector<std::string> items = split_items(rest, 7 * kMostRows);
-  for (size_t i = 0; i + 7 <= items.size() && file.rows.size() < kMostRows; i += 7) {
-    SyscalRow r;
-    try {
-      r.name = items[i];
-      rt::CInt(rt::parse_number_token(items[i + 1]));
-      rt::CInt(rt::parse_number_token(items[i + 2]));
-      r.P1 = rt::parse_number_token(items[i + 3]);
-      r.P2 = rt::parse_number_token(items[i + 4]);
-      r.P3 = rt::parse_number_token(items[i + 5]);
-      r.P4 = rt::parse_number_token(items[i + 6]);
-    } catch (const rt::RuntimeError&) {
-      break;  // the rows before the bad item are converted
+  rt::TokenReader in(text);
+  try {
+    in.line();  // the header, dropped
+    while (file.rows.size() < kMostRows && !in.at_end()) {
+      SyscalRow r;
+      r.name = in.text();
+      in.integer16();
+      in.integer16();
+      r.P1 = in.number();
+      r.P2 = in.number();
+      r.P3 = in.number();
+      r.P4 = in.number();
+      file.rows.push_back(r);
+      if (r.P1 > 0) ++file.counted;
     }
-    file.rows.push_back(r);
-    if (r.P1 > 0) ++file.counted;
+  } catch (const rt::RuntimeError& e) {
+    // The rows before the bad item are converted.
+    file.stopped_at = static_cast<int>(file.rows.size()) + 1;
+    file.stop = cause_of(e);
   }
   return file;
 }
@@ -85,23 +85,55 @@ std::vector<std::string> syscal_soundings(const SyscalFile& file) {
   return names;
 }
 
-std::vector<std::string> Syscal(Session& session) {
+namespace {
+
+// The first `count` characters of a UTF-8 text.
+std::string first_characters(const std::string& text, size_t count) {
+  size_t at = 0;
+  for (size_t seen = 0; at < text.size(); ++at) {
+    // A character starts at every byte that does not continue one.
+    if ((static_cast<unsigned char>(text[at]) & 0xC0) != 0x80 && seen++ == count) break;
+  }
+  return text.substr(0, at);
+}
+
+// Why a sounding could not be made of its rows.
+std::string cause_in_rows(const rt::RuntimeError& e) {
+  if (e.number() == rt::kDivisionByZero) return "MN/2 is 0, which K divides by";
+  if (e.number() == rt::kSubscript) return "more than 51 readings in one sounding";
+  return cause_of(e);
+}
+
+}  // namespace
+
+std::vector<std::string> Syscal(Session& session, const std::string& out_dir) {
   SoundingState& s = session.s;
   std::vector<std::string> written;
   const auto chosen =
       session.dialogs.open_file({"File Syscal *.DAT", "TELLUX File selection", "*.DAT"});
   if (!chosen) return written;
-  s.FilePath = *chosen;
-  s.FileName = bare_name(s.FilePath);
+  const std::string input = *chosen;
+  s.FilePath = input;
+  s.FileName = bare_name(input);
   SyscalFile file;
   try {
-    file = read_syscal(rt::read_whole_file(s.FilePath));
+    file = read_syscal(rt::read_whole_file(input));
   } catch (const rt::RuntimeError&) {
     tell_read_error(session);  // a file it will not read: missing, a pipe or device, too large
     return written;
   }
+  // The files land beside the input; until one is written, a Save does not go to the input.
+  const std::string folder = out_dir.empty() ? folder_of(input) : out_dir + "/";
+  s.FilePath = with_extension(input, ".TX3");
+  s.FileName = bare_name(s.FilePath);
   const std::vector<std::string> names = syscal_soundings(file);
+  if (names.empty()) {
+    tell_stop(session, input, file.stopped_at,
+              file.stop.empty() ? "no reading has a potential above 0" : file.stop);
+    return written;
+  }
   const int count = std::min<int>(file.counted, static_cast<int>(file.rows.size()));
+  int at = 0;  // the row of the file being converted
   try {
     const TellEachOnce once(session.dialogs);
     for (size_t k = 0; k < names.size(); ++k) {
@@ -112,6 +144,7 @@ std::vector<std::string> Syscal(Session& session) {
       for (int i = 0; i < count; ++i) {
         const SyscalRow& row = file.rows[static_cast<size_t>(i)];
         if (row.name != names[k]) continue;
+        at = i + 1;
         ++s.FieldCount;  // a 52nd row of one sounding fails on the table's bound
         fill_row(s, s.FieldCount, row);
       }
@@ -126,13 +159,20 @@ std::vector<std::string> Syscal(Session& session) {
       // Eight characters at most, as short file names had.
       const std::string answer =
           session.dialogs.input(prompt, "Tellux file name", names[k]).value_or("");
-      s.FilePath = answer.substr(0, 8) + ".TX3";
+      s.FilePath = folder + first_characters(answer, 8) + ".TX3";
+      s.FileName = bare_name(s.FilePath);
       sort_rows(s);
       std::string path = s.FilePath;
       if (write_sounding_file(session, path)) written.push_back(path);
     }
-  } catch (const rt::RuntimeError&) {
+  } catch (const rt::RuntimeError& e) {
+    tell_stop(session, input, at, cause_in_rows(e));
     return written;  // the error exit: what is written stays
+  }
+  if (file.stopped_at > 0) {
+    // The rows after a bad item were not read: the file is not all converted.
+    tell_stop(session, input, file.stopped_at, file.stop);
+    return written;
   }
   session.dialogs.tell(session.text("Tous les fichiers SYSCAL sont convertis ",
                                     "Todos los ficheros SYSCAL han sido convertidos",

@@ -1,6 +1,7 @@
 #include "core/file_names.h"
 
 #include <algorithm>
+#include <filesystem>
 
 namespace tellux {
 
@@ -25,6 +26,25 @@ std::string directory_part(const std::string& path, const std::string& name) {
 
 void rename_to_tx3(std::string& name) {
   name = name.substr(0, name.size() - std::min<size_t>(3, name.size())) + "TX3";
+}
+
+std::string without_extension(const std::string& path) {
+  const size_t name = path.size() - bare_name(path).size();
+  const size_t point = path.find_last_of('.');
+  return point == std::string::npos || point <= name ? path : path.substr(0, point);
+}
+
+std::string with_extension(const std::string& path, const std::string& extension) {
+  return without_extension(path) + extension;
+}
+
+std::string folder_of(const std::string& path) {
+  std::error_code ec;
+  std::filesystem::path folder = std::filesystem::absolute(path, ec).parent_path();
+  if (ec) folder = std::filesystem::path(path).parent_path();
+  std::string text = folder.string();
+  if (!text.empty() && text.back() != '/' && text.back() != '\\') text += '/';
+  return text;
 }
 
 std::string last_three(const std::string& name) {

@@ -18,6 +18,17 @@ std::string directory_part(const std::string& path, const std::string& name);
 // Replaces the last three characters (the extension's letters) by "TX3".
 void rename_to_tx3(std::string& name);
 
+// `path` without the extension of its bare name (what follows its last point): "site.ves1" gives
+// "site", "site" stays "site", "d.x/site" stays "d.x/site".
+std::string without_extension(const std::string& path);
+
+// `path` with its real extension replaced by `extension` (".TX3"), or given it when it has none.
+std::string with_extension(const std::string& path, const std::string& extension);
+
+// The absolute folder of a file's path, ending in its separator: where the converters write the
+// files they name themselves, beside the file chosen.
+std::string folder_of(const std::string& path);
+
 // The last three characters, or the whole text when it is shorter.
 std::string last_three(const std::string& name);
 

@@ -172,7 +172,8 @@ std::string HORSLICE(Session& session, const std::function<void(ExtractionForm&)
   if (!chosen_slice) return {};
   const Slice slice = *chosen_slice;
 
-  std::string out = extraction_file_name(slice, form.Text1, form.Text2);
+  // The current folder is the one the file dialog left: that of the soundings chosen.
+  std::string out = folder_of(files->front()) + extraction_file_name(slice, form.Text1, form.Text2);
   const std::string question =
       std::string(session.text("Sauvegarde du fichier ", "Salvar fichero ", "Recording File ")) +
       out;

@@ -17,7 +17,7 @@ namespace {
 namespace fs = std::filesystem;
 
 const std::string kSrc = TELLUX_SOURCE_DIR;
-const std::string S = kSrc + "/samples/", D = kSrc + "/tests/data/";
+const std::string S = kSrc + "/samples/", D = kSrc + "/tests/data/", F = kSrc + "/tests/fuzz/";
 const std::string kLine = [] {
   std::string files;
   for (int i = 1; i <= 6; ++i) files += D + "profile/L1_0" + std::to_string(i) + ".TX3 ";
@@ -107,7 +107,48 @@ const Golden kGolden[] = {
     {"pasi.TX3", "convert pasi " + D + "instruments/sample.TXT --out OUT"},
     {"astier.TX3", "convert astier " + D + "instruments/sample.dat --out OUT"},
     {"oyo.TX3", "convert oyo " + D + "instruments/sample.csv --out OUT"},
+    {"oyo_empty_items.TX3", "convert oyo " + F + "oyo/blank-items.csv --out OUT"},
     {"three_layers.TXL", "export-txl " + S + "three_layers.TX3 --out OUT"},
+    // Syscal groups by change of name, cuts the name at 8 characters, sorts by AB/2 then MN/2.
+    {"syscal_groups.json", "convert syscal " + D + "convert/groups.DAT --names n,s,n2 --out-dir ."},
+    {"syscal_n.TX3", "convert syscal " + D +
+                         "convert/groups.DAT --names syscal_north,syscal_s,c "
+                         "--out-dir OUTDIR"},
+    {"syscal_quoted.json", "convert syscal " + F + "syscal/quoted.DAT --out-dir ."},
+    {"syscal_s.TX3",
+     "convert syscal " + D + "convert/groups.DAT --names n,syscal_s --out-dir OUTDIR"},
+    // A line with fewer resistivities than spreads takes the first spreads; more are refused; a
+    // line of commas is one field.
+    {"sheet.json", "convert sheet " + D + "convert/spreads.TXT " + D +
+                       "convert/resistivities.TXT "
+                       "--out-dir ."},
+    {"sheet_A2.TX3", "convert sheet " + D + "convert/spreads.TXT " + D +
+                         "convert/resistivities.TXT --out-dir OUTDIR"},
+    {"res2dinv.json", "convert res2dinv " + D + "convert/wenner40.DAT --soundings 2 --out-dir ."},
+    {"res2dinv_101.json", "convert res2dinv " + D + "convert/wenner40.DAT --soundings 101"},
+    {"stop_res2dinv_array3.json",
+     "convert res2dinv " + D + "convert/res2dinv_array3.DAT --soundings 1"},
+    {"stop_res2dinv_5001.json",
+     "convert res2dinv " + D + "convert/res2dinv_5001.DAT --soundings 1"},
+    {"stop_res2dinv_ip.json", "convert res2dinv " + D + "convert/res2dinv_ip.DAT --soundings 1"},
+    {"stop_res2dinv_short.json",
+     "convert res2dinv " + D + "convert/res2dinv_short.DAT --soundings 1"},
+    // Line 1001 and those after it wait for a file of their own; a refusal is told once.
+    {"sheet_1001.json",
+     "convert sheet " + D + "convert/spreads.TXT " + D + "convert/sheet_1001.TXT --out-dir ."},
+    {"stop_sheet_52_spreads.json", "convert sheet " + D + "convert/spreads_52.TXT " + D +
+                                       "convert/resistivities.TXT --out-dir ."},
+    // The conversions that stop: the file, the row and the cause; they fail and write nothing.
+    {"stop_abem.json", "convert abem " + F + "abem/52-readings.VES --out none.TX3"},
+    {"stop_geotrade.json", "convert geotrade " + F + "geotrade/52-readings.GTR --out none.TX3"},
+    {"stop_astier_rows.json", "convert astier " + F + "astier/100-rows.dat --out none.TX3"},
+    {"stop_oyo_rows.json", "convert oyo " + F + "oyo/100-rows.csv --out none.TX3"},
+    {"stop_astier_overflow.json", "convert astier " + F + "astier/ab-overflow.dat --out none.TX3"},
+    {"stop_oyo_overflow.json", "convert oyo " + F + "oyo/mn-overflow.csv --out none.TX3"},
+    {"stop_syscal_mn.json", "convert syscal " + F + "syscal/mn-zero.DAT --out-dir ."},
+    {"stop_syscal_empty.json", "convert syscal " + F + "syscal/no-potential.DAT --out-dir ."},
+    {"stop_pasi_spreads.json",
+     "convert pasi " + F + "pasi/sample.TXT --spreads none.txt --out none.TX3"},
 };
 
 void replace_all(std::string& text, const std::string& from, const std::string& to) {
@@ -120,7 +161,12 @@ TEST(Golden, OutputsAreTheFilesKept) {
   const bool update = std::getenv("TELLUX_UPDATE_GOLDEN") != nullptr;
   for (const Golden& g : kGolden) {
     SCOPED_TRACE(g.name);
-    const auto r = tellux::testing::run_cli(dir, g.args, dir / g.name);
+    std::string args = g.args;
+    replace_all(args, "OUTDIR", dir.string());  // the folder of the file compared
+    const auto r = tellux::testing::run_cli(dir, args, dir / g.name);
+    if (std::string(g.name).starts_with("stop_")) {
+      EXPECT_EQ(r.status, 1);
+    }
     // What the command wrote, else what it printed (its messages after its record).
     std::string got = g.args.find("OUT") != std::string::npos
                           ? tellux::rt::read_whole_file((dir / g.name).string())

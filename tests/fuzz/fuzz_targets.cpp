@@ -123,7 +123,7 @@ const std::map<std::string, Target>& targets() {
       {"sas1000", [](Run& r, const std::string& b) { read_sas1000(r.session, b); }},
       {"geotrade", [](Run& r, const std::string& b) { read_geotrade(r.session, b); }},
       {"pasi", [](Run& r, const std::string& b) { read_pasi(r.session, b); }},
-      {"astier", [](Run& r, const std::string& b) { astier_tx3(r.s, b); }},
+      {"astier", [](Run& r, const std::string& b) { astier_tx3(r.session, b); }},
       {"oyo", [](Run& r, const std::string& b) { oyo_tx3(r.session, b); }},
       {"val",
        [](Run&, const std::string& b) {

@@ -46,6 +46,21 @@ std::string read_whole_file(const std::string& path, std::uintmax_t largest) {
 namespace {
 bool is_blank(char c) { return c == ' ' || c == '\t'; }
 bool is_line_end(char c) { return c == '\r' || c == '\n'; }
+
+// A comma that ends its line (or the file) leaves an empty item behind it: "1,2,\r\n" holds three
+// items. Takes that line end and says so.
+bool empty_item_at_line_end(const std::string& text, size_t& pos) {
+  size_t back = pos;
+  while (back > 0 && is_blank(text[back - 1])) --back;
+  if (back == 0 || text[back - 1] != ',') return false;
+  size_t at = pos;
+  while (at < text.size() && is_blank(text[at])) ++at;
+  if (at < text.size() && !is_line_end(text[at])) return false;
+  if (at < text.size() && text[at] == '\r') ++at;
+  if (at < text.size() && text[at] == '\n') ++at;
+  pos = at;
+  return true;
+}
 }  // namespace
 
 bool TokenReader::at_end() const {
@@ -74,6 +89,7 @@ void TokenReader::finish_item() {
 }
 
 std::string TokenReader::raw_item() {
+  if (empty_item_at_line_end(text_, pos_)) return {};
   skip_separators_before_item();
   std::string item;
   if (text_[pos_] == '"') {
@@ -93,7 +109,20 @@ std::string TokenReader::raw_item() {
   return item;
 }
 
-double TokenReader::number() { return parse_number_token(raw_item()); }
+// A number that does not stand in quotes also ends at a blank, so that "1.5 100 0" is three
+// numbers as the field instruments write them; a text keeps its blanks.
+double TokenReader::number() {
+  if (empty_item_at_line_end(text_, pos_)) return 0.0;
+  skip_separators_before_item();
+  if (text_[pos_] == '"') return parse_number_token(raw_item());
+  const size_t start = pos_;
+  while (pos_ < text_.size() && text_[pos_] != ',' && !is_line_end(text_[pos_]) &&
+         !is_blank(text_[pos_]))
+    ++pos_;
+  const std::string item = text_.substr(start, pos_ - start);
+  finish_item();
+  return parse_number_token(item);
+}
 float TokenReader::single() { return CSng(number()); }
 int16_t TokenReader::integer16() { return CInt(number()); }
 std::string TokenReader::text() { return to_utf8(raw_item()); }
