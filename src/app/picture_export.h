@@ -21,6 +21,10 @@ std::string picture_file_name(const std::string& FilePath, bool section);
 std::string Record_WMF(Session& session, const PageDocument& page, bool section,
                        Pictures& pictures);
 
+// Whether the section's page holds a drawing; when it does not, says that soundings must be
+// chosen first ("First, you must load SEV files") and where.
+bool section_drawn(Session& session, const PageDocument& page);
+
 // "Copy the diagram" (menu `CopyClipBoard`, toolbar "Clip_Bd"): the picture, then the message.
 void copy_diagram(Session& session, Pictures& pictures);
 

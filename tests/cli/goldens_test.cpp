@@ -83,6 +83,7 @@ const Golden kGolden[] = {
     {"section_odd_logs.ops", "section " + D +
                                  "section/S1?.TX3 --hscale 2000 --vscale 500 "
                                  "--landscape --angle -12.5 --show labels,names --ops OUT"},
+    {"section_too_big.json", "section " + kLine + "--hscale 100 --vscale 100"},
     {"section_filled.ops",
      "section " + D + "section/S1?.TX3 --hscale 2000 --vscale 500 --show fill,numbers --ops OUT"},
     {"diagram_bilog.ops", "plot " + S + "bilog_three_layers.TX3 --steps --errors --ops OUT"},
