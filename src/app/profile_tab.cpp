@@ -42,10 +42,14 @@ void ProfileTab::store() {
   settings_.MaxRes = sheet.Text12.Text;
 }
 
+bool ProfileTab::SEV_Grid_Typed(int row, int col) const {
+  const GridModel& grid = sheet.grid();
+  return (col == 4 || col == 6) && row >= 1 && row < grid.rows() && !grid.text(row, 1).empty();
+}
+
 bool ProfileTab::SEV_Grid_Edit(int row, int col, const std::string& text) {
+  if (!SEV_Grid_Typed(row, col)) return false;
   GridModel& grid = sheet.grid();
-  if ((col != 4 && col != 6) || row < 1 || row >= grid.rows() || grid.text(row, 1).empty())
-    return false;
   // A decimal number with a point, blanks around it allowed; "1e400" is not a number here.
   const size_t start = text.find_first_not_of(' ');
   if (start == std::string::npos) return false;

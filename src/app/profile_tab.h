@@ -65,6 +65,8 @@ class ProfileTab {
   // replaces the cell and the page size follows. Anything else, or text that is not a number,
   // is refused (false) and the cell keeps its value.
   bool SEV_Grid_Edit(int row, int col, const std::string& text);
+  // Whether the cell takes typed values: the Z and the distance of a sounding's row.
+  bool SEV_Grid_Typed(int row, int col) const;
   // The room the section has on `page` and the scales at which it fits that room.
   SectionRoom room_on(const PageDocument& page) const;
   SectionScales fitting_scales(const PageDocument& page) const;

@@ -71,7 +71,8 @@ QVariant GridTableModel::headerData(int section, Qt::Orientation orientation, in
 
 Qt::ItemFlags GridTableModel::flags(const QModelIndex& index) const {
   const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
-  return on_edit ? flags | Qt::ItemIsEditable : flags;
+  if (!on_edit || (editable && !editable(index.row() + 1, index.column() + 1))) return flags;
+  return flags | Qt::ItemIsEditable;
 }
 
 bool GridTableModel::setData(const QModelIndex& index, const QVariant& value, int role) {

@@ -20,8 +20,9 @@ class GridTableModel : public QAbstractTableModel {
   // The view shows the model's texts again.
   void refresh();
   // A cell typed in (grid row and column): the logic takes the text or refuses it (false). Cells
-  // are typed in only when this is set.
+  // are typed in only when this is set, and only those that `editable` allows.
   std::function<bool(int row, int col, const std::string& text)> on_edit;
+  std::function<bool(int row, int col)> editable;
   // What a cell shows, where that differs from the text it holds; the editor gets the text.
   std::function<QString(int col, const std::string& text)> shown;
 

@@ -47,6 +47,8 @@ ProfileWidget::ProfileWidget(ProfileTab& tab, GridModel& SEV_Grid, std::string s
     if (taken) refresh_boxes();
     return taken;
   };
+  grid_->table().editable = [this](int row, int col) { return tab_.SEV_Grid_Typed(row, col); };
+  grid_->setToolTip(QStringLiteral("Z and Distance can be typed; the page size follows"));
   grid_->table().shown = [](int col, const std::string& text) {
     // Distances with two decimals; the cell keeps its whole value.
     if (col == 6 && !text.empty()) return QString::number(rt::Val(text), 'f', 2);

@@ -1,4 +1,5 @@
-// The boxes of the section's options. The section itself (logs without a thickness or a model, a
+// The boxes of the section's options, the typed values of the table and "Fit the page". The
+// section itself (logs without a thickness or a model, a
 // model deeper than its spacings reach, filled logs) is compared page operation by page operation
 // with the batch command's golden files.
 #include "app/profile_tab.h"
@@ -12,37 +13,6 @@ namespace {
 
 using SectionTest = SessionTest;
 
-TEST_F(SectionTest, FillSetsTheOtherBoxesAndNumbersComeEveryTenthSounding) {
-  Settings settings;
-  GridModel grid{51, 8};
-  ProfileTab tab{session, settings, grid};
-  tab.load();
-  tab.Check8.Value = 1;
-  tab.Check8_Click();
-  EXPECT_EQ(std::tuple(tab.sheet.Text8.Text, tab.sheet.Text8.Enabled, tab.Check9.Value,
-                       tab.Check7.Value + tab.Check3.Value + tab.Check5.Value),
-            std::tuple("", false, 1, 0));
-  // Nine soundings 5 m apart: no number yet.
-  const std::string one = rt::read_whole_file(TELLUX_SOURCE_DIR "/tests/data/section/S10.TX3");
-  std::vector<std::string> nine;
-  for (int i = 0; i < 9; ++i) {
-    std::string text = one;
-    text.replace(text.find("\"0\"\r\n\"0\""), 3, "\"" + std::to_string(i * 5) + "\"");
-    nine.push_back(write("S" + std::to_string(10 + i) + ".TX3", text));
-  }
-  tab.sheet.select(nine);
-  PageDocument page;
-  tab.Trace_Profil(page);
-  for (const PageOp& op : page.pages().at(0).ops) EXPECT_NE(op.text, "9");
-
-  tab.Check8.Value = 0;
-  tab.Check8_Click();
-  EXPECT_TRUE(tab.sheet.Text8.Enabled && tab.Check7.Value == 1);
-  tab.Check9.Value = 1;
-  tab.Check9_Click();
-  EXPECT_EQ(tab.Check7.Value, 0);
-}
-
 // The smallest scale of 1, 2, 2.5, 5 times a power of ten that fits whole millimetres of room.
 TEST(PageFitTest, SmallestScaleOfTheSeriesThatFits) {
   const std::tuple<double, double, int32_t> cases[] = {
@@ -52,14 +22,28 @@ TEST(PageFitTest, SmallestScaleOfTheSeriesThatFits) {
     EXPECT_EQ(fitting_scale(metres, room), scale) << metres << " m in " << room << " mm";
 }
 
-// A typed Z or distance moves the page size; other cells and other texts are refused. "Fit the
-// page" types the scale that fits in a scale too big and keeps one that fits. (The warnings with
-// their scales, and the legend's unit written once, are in the golden files of the section.)
-TEST_F(SectionTest, TypedValuesMoveThePageSizeAndFitThePageTypesTheScalesThatFit) {
+// " Fill" clears the labels for numbers and empties the log width; the name and the number
+// exclude each other. A typed Z or distance moves the page size; other cells and other texts are
+// refused. "Fit the page" types the scale that fits in a scale too big and keeps one that fits.
+// (The warnings with their scales, the numbers of the filled logs and the legend's unit written
+// once are in the golden files of the section.)
+TEST_F(SectionTest, BoxesRunTheirRulesTypedValuesMoveThePageSizeAndFitThePageFits) {
   Settings settings;
   GridModel grid{51, 8};
   ProfileTab tab{session, settings, grid};
   tab.load();
+  tab.Check8.Value = 1;
+  tab.Check8_Click();
+  EXPECT_EQ(std::tuple(tab.sheet.Text8.Text, tab.sheet.Text8.Enabled, tab.Check9.Value,
+                       tab.Check7.Value + tab.Check3.Value + tab.Check5.Value),
+            std::tuple("", false, 1, 0));
+  tab.Check8.Value = 0;
+  tab.Check8_Click();
+  EXPECT_TRUE(tab.sheet.Text8.Enabled && tab.Check7.Value == 1);
+  tab.Check9.Value = 1;
+  tab.Check9_Click();
+  EXPECT_EQ(tab.Check7.Value, 0);
+
   const std::string line = TELLUX_TEST_DATA "/profile/L1_0";
   tab.sheet.select({line + "1.TX3", line + "2.TX3"});
   for (auto [row, col, text] : {std::tuple(2, 6, "12a"), std::tuple(2, 2, "5"),

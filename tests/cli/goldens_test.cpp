@@ -68,6 +68,7 @@ const Golden kGolden[] = {
     {"fit_written.TX3", "fit " + S + "four_layers.TX3 --thickness-decimals 2 --out OUT"},
     {"profile_line1.json", "profile " + kLine + "--vscale 1000 --hscale 250"},
     {"colours.json", "colours --min 10 --max 2000 --classify 5,134,1000,3000"},
+    {"colours_anchors.json", "colours --min 10 --max 2000 --anchors 150,16,1:249,250,255:0,0,0"},
     {"report_three_layers.ops", "report " + S + "three_layers.TX3 --steps --errors --ops OUT"},
     {"report_dipole_lying.ops",
      "report " + S + "dipole_two.TX3 --array dipole --landscape --steps --ops OUT"},
