@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QEvent>
+#include <QFocusEvent>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -211,6 +212,8 @@ QGroupBox* ProfileWidget::build_colour_scale() {
       // Leaving the box applies it, also when its text did not change.
       b->installEventFilter(this);
       leaves_.emplace_back(b, [this, n] { tab_.sheet.scale.RGBBox_LostFocus(n); });
+      connect(b, &QLineEdit::returnPressed, this,
+              [this, n] { run([this, n] { tab_.sheet.scale.RGBBox_LostFocus(n); }); });
       if (n == 2) clicks_.emplace_back(b, [this] { tab_.sheet.scale.RGBBox_Click(2); });
       rgb_boxes_[static_cast<size_t>(n)] = b;
       rgb->addWidget(b);
@@ -265,7 +268,11 @@ bool ProfileWidget::eventFilter(QObject* watched, QEvent* event) {
       }
   };
   if (event->type() == QEvent::MouseButtonPress) handle(clicks_);
-  if (event->type() == QEvent::FocusOut) handle(leaves_);
+  // Leaving a box for another control of the window; a dialog or a menu opening is not leaving.
+  if (event->type() == QEvent::FocusOut) {
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) handle(leaves_);
+  }
   return QWidget::eventFilter(watched, event);
 }
 
