@@ -2,6 +2,7 @@
 // section itself (logs without a thickness or a model, a
 // model deeper than its spacings reach, filled logs) is compared page operation by page operation
 // with the batch command's golden files.
+#include "app/picture_export.h"
 #include "app/profile_tab.h"
 
 #include "core/runtime/token_file.h"
@@ -32,6 +33,9 @@ TEST_F(SectionTest, BoxesRunTheirRulesTypedValuesMoveThePageSizeAndFitThePageFit
   GridModel grid{51, 8};
   ProfileTab tab{session, settings, grid};
   tab.load();
+  // The pictures of a section not drawn yet say what is missing.
+  EXPECT_FALSE(section_drawn(session, PageDocument{}));
+  EXPECT_EQ(dialogs.texts().at(0).substr(0, 31), "First, you must load SEV files\r");
   tab.Check8.Value = 1;
   tab.Check8_Click();
   EXPECT_EQ(std::tuple(tab.sheet.Text8.Text, tab.sheet.Text8.Enabled, tab.Check9.Value,
