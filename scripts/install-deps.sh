@@ -4,7 +4,8 @@
 set -euo pipefail
 
 packages=(cmake ninja-build g++ pkg-config libgtest-dev libgmock-dev libbenchmark-dev
-          qt6-base-dev qt6-svg-dev qt6-pdf-dev libcli11-dev nlohmann-json3-dev libgl-dev fonts-liberation xvfb xauth clang-format)
+          qt6-base-dev qt6-svg-dev qt6-pdf-dev libcli11-dev nlohmann-json3-dev libgl-dev fonts-liberation xvfb xauth clang-format
+          qt6-translations-l10n)
 
 missing=()
 for p in "${packages[@]}"; do

@@ -61,6 +61,9 @@ int section(Cli& cli, const SectionOptions& o) {
   j["ProfileFloorElevation"] = tab.sheet.values.ProfileFloorElevation;
   j["PageWidth"] = page.PageWidth;
   j["PageHeight"] = page.PageHeight;
+  // The scales at which the section fits this sheet (0: none can).
+  const SectionScales fit = tab.fitting_scales(page);
+  j["FittingScales"] = {{"Horizontal", fit.horizontal}, {"Vertical", fit.vertical}};
   const bool written = write_page_outputs(page, {o.pdf, o.svg, o.png, o.ops});
   j["Messages"] = cli.messages();
   cli.print(j);

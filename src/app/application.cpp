@@ -24,6 +24,7 @@ Application::Application(Dialogs& dialogs, Forms& forms, DrawingSurface& Bilog,
   std::swap(VSPrint1.PageWidth, VSPrint1.PageHeight);
   section.rebuild = [this] { profile.Trace_Profil(VSPrint1); };
   profile.show_section = [this] { section.display_print(); };
+  profile.section_page = &VSPrint1;
   main.display_profile = [this] { section.display_print(); };
   prepare_bilog_surface(Bilog);
   drawing.attach();

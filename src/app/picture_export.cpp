@@ -49,6 +49,16 @@ void tell_recorded(Session& session, const std::string& name) {
   session.tell(name + " " + rt::CStr(kilobytes) + " Kb has been recorded", Icon::Information);
 }
 
+bool section_drawn(Session& session, const PageDocument& page) {
+  if (page.PageCount() > 0) return true;
+  session.tell(std::string("First, you must load SEV files\r\n") +
+                   session.text("Onglet \"Profile data\" : \"Select SEV\"",
+                                "Pestaña \"Profile data\": \"Select SEV\"",
+                                "Tab \"Profile data\": \"Select SEV\""),
+               Icon::Critical);
+  return false;
+}
+
 void copy_diagram(Session& session, Pictures& pictures) {
   pictures.copy_diagram();
   session.tell("Your screen is now recorded in the clipbord, paste in with Crtl+C",

@@ -24,6 +24,9 @@ std::string Record_WMF(Session& session, const PageDocument& page, bool section,
 // The box that says where a picture or a PDF was written: the path, its size in Kb (bytes over
 // 1000, rounded) and " Kb has been recorded".
 void tell_recorded(Session& session, const std::string& name);
+// Whether the section's page holds a drawing; when it does not, says that soundings must be
+// chosen first ("First, you must load SEV files") and where.
+bool section_drawn(Session& session, const PageDocument& page);
 
 // "Copy the diagram" (menu `CopyClipBoard`, toolbar "Clip_Bd"): the picture, then the message.
 void copy_diagram(Session& session, Pictures& pictures);

@@ -114,13 +114,7 @@ void ProfileTab::Trace_Profil(PageDocument& page) {
   if (v.TwipsPerMetreX == 0 || v.TwipsPerMetreZ == 0) return;
   const double ML = page.MarginLeft, MT = page.MarginTop;
 
-  // The two warnings do not stop the drawing.
-  const double page_w = rt::CInt(page.PageWidth / kMm), page_h = rt::CInt(page.PageHeight / kMm);
-  if (page_w - (Check1.Value == 1 ? 60 : 0) - ML / kMm - page.MarginRight / kMm <
-      rt::Val(sheet.Text5.Text))
-    session_.tell("Plot width too big !", Icon::Critical);
-  if (page_h - MT / kMm - page.MarginBottom / kMm < rt::Val(sheet.Text6.Text))
-    session_.tell("Plot height too big !", Icon::Critical);
+  warn_if_too_big(page);  // the warnings do not stop the drawing
 
   page.StartDoc();
   page.PenStyle(0);
@@ -250,12 +244,13 @@ void ProfileTab::Trace_Profil(PageDocument& page) {
       page.FontBold(false);
       page.FontSize(8);
       page.Text(pad_to_five(text));
-      page.CurrentX = x1;
-      page.CurrentY = MT;
-      page.FontBold(true);
-      page.Text("Ohm . m");
-      page.FontBold(false);
     }
+    // The unit stands once above the boxes.
+    page.CurrentX = x1;
+    page.CurrentY = MT;
+    page.FontBold(true);
+    page.Text("Ohm . m");
+    page.FontBold(false);
   }
   page.EndDoc();
 }

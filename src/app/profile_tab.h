@@ -14,6 +14,18 @@
 
 namespace tellux {
 
+// Millimetres of the sheet the section may take, as the drawing tests them.
+struct SectionRoom {
+  double width = 0;
+  double height = 0;
+};
+
+// Scale denominators; 0 where none is proposed.
+struct SectionScales {
+  int32_t horizontal = 0;
+  int32_t vertical = 0;
+};
+
 class ProfileTab {
  public:
   ProfileTab(Session& session, Settings& settings, GridModel& SEV_Grid);
@@ -28,6 +40,8 @@ class ProfileTab {
   Label Frame10, Frame7, Frame8;
   // Shows the section (tab "SEV Profile"); none until that tab is built.
   std::function<void()> show_section;
+  // The sheet of the section (tab "SEV Profile"), for "Fit the page"; none until it is built.
+  PageDocument* section_page = nullptr;
   // The width of a sounding's log on the page, twips; kept from one drawing to the next.
   double SEVLogWidth = 0;
 
@@ -47,6 +61,18 @@ class ProfileTab {
   void Text13_Change() { sheet.calcul_echelle(); }  // vertical scale
   void Text14_Change() { sheet.calcul_echelle(); }  // horizontal scale
   void SEV_Grid_Change() { sheet.calcul_echelle(); }
+  // A value typed in the table: a Z (column 4) or a distance (column 6) of a sounding's row
+  // replaces the cell and the page size follows. Anything else, or text that is not a number,
+  // is refused (false) and the cell keeps its value.
+  bool SEV_Grid_Edit(int row, int col, const std::string& text);
+  // Whether the cell takes typed values: the Z and the distance of a sounding's row.
+  bool SEV_Grid_Typed(int row, int col) const;
+  // The room the section has on `page` and the scales at which it fits that room.
+  SectionRoom room_on(const PageDocument& page) const;
+  SectionScales fitting_scales(const PageDocument& page) const;
+  // "Fit the page": a scale whose section is too big for the sheet of `section_page`, with the
+  // margins of the settings, becomes the one that fits; a scale that fits stays.
+  void Fit_Page_Click();
   void Text11_Change() { sheet.scale.affiche_resistivity(); }  // range of the colour scale
   void Text12_Change() { sheet.scale.affiche_resistivity(); }
   // A click on "Plot options": the class limits, then the section.
@@ -58,6 +84,8 @@ class ProfileTab {
   void Text15_Click();
 
  private:
+  // "Plot width too big !" and "Plot height too big !", each with the scale that would fit.
+  void warn_if_too_big(const PageDocument& page);
   // One layer of one log: the arguments come back as page twips.
   void Trace_Rectangle(PageDocument& page, double& X, double& top, double& bottom, double r);
 

@@ -191,8 +191,10 @@ void SetupTab::replay_models() {
 }
 
 void SetupTab::pick_colour(const char* title, int32_t& colour, int32_t& sample) {
-  // The dialog starts with its colour cleared; Cancel cancels nothing and leaves that colour.
-  colour = session_.dialogs.colour(title, 0).value_or(0);
+  // The dialog starts on the sample's colour; Cancel leaves both as they are.
+  const auto chosen = session_.dialogs.colour(title, sample);
+  if (!chosen) return;
+  colour = *chosen;
   sample = colour;
 }
 

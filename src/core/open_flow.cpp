@@ -1,5 +1,6 @@
 #include "core/open_flow.h"
 
+#include "core/array_hint.h"
 #include "core/file_names.h"
 #include "core/max_ab.h"
 #include "core/older_formats.h"
@@ -79,6 +80,7 @@ void open_sounding(Session& session) {
     forms.show_sounding_alone();
   }
   forms.fill_sheet();
+  if (const std::string hint = array_hint(session); !hint.empty()) forms.show_hint(hint);
 }
 
 bool Read_TX3(Session& session) {

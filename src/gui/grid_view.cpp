@@ -41,6 +41,9 @@ QVariant GridTableModel::data(const QModelIndex& index, int role) const {
   const int r = index.row() + 1, c = index.column() + 1;
   switch (role) {
     case Qt::DisplayRole:
+      if (shown) return shown(c, grid_.text(r, c));
+      return QString::fromStdString(grid_.text(r, c));
+    case Qt::EditRole:
       return QString::fromStdString(grid_.text(r, c));
     case Qt::TextAlignmentRole:
       return static_cast<int>((right_ ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
@@ -64,6 +67,19 @@ QVariant GridTableModel::headerData(int section, Qt::Orientation orientation, in
   if (section < 0 || section + 1 >= grid_.rows()) return {};
   const std::string& number = grid_.text(section + 1, 0);
   return number.empty() ? QString::number(section + 1) : QString::fromStdString(number).trimmed();
+}
+
+Qt::ItemFlags GridTableModel::flags(const QModelIndex& index) const {
+  const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+  if (!on_edit || (editable && !editable(index.row() + 1, index.column() + 1))) return flags;
+  return flags | Qt::ItemIsEditable;
+}
+
+bool GridTableModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+  if (!index.isValid() || role != Qt::EditRole || !on_edit) return false;
+  if (!on_edit(index.row() + 1, index.column() + 1, value.toString().toStdString())) return false;
+  refresh();
+  return true;
 }
 
 GridView::GridView(GridModel& grid, QWidget* parent) : QTableView(parent), model_(grid, this) {

@@ -19,11 +19,19 @@ class GridTableModel : public QAbstractTableModel {
   void set_right_aligned(bool on) { right_ = on; }
   // The view shows the model's texts again.
   void refresh();
+  // A cell typed in (grid row and column): the logic takes the text or refuses it (false). Cells
+  // are typed in only when this is set, and only those that `editable` allows.
+  std::function<bool(int row, int col, const std::string& text)> on_edit;
+  std::function<bool(int row, int col)> editable;
+  // What a cell shows, where that differs from the text it holds; the editor gets the text.
+  std::function<QString(int col, const std::string& text)> shown;
 
   int rowCount(const QModelIndex& parent = QModelIndex()) const override;
   int columnCount(const QModelIndex& parent = QModelIndex()) const override;
   QVariant data(const QModelIndex& index, int role) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+  bool setData(const QModelIndex& index, const QVariant& value, int role) override;
 
  private:
   GridModel& grid_;

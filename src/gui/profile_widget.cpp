@@ -2,6 +2,7 @@
 
 #include <QCheckBox>
 #include <QEvent>
+#include <QFocusEvent>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -13,6 +14,7 @@
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
+#include "core/runtime/number_text.h"
 #include "gui/grid_view.h"
 #include "platform/qt/qt_drawing_surface.h"
 
@@ -38,6 +40,21 @@ ProfileWidget::ProfileWidget(ProfileTab& tab, GridModel& SEV_Grid, std::string s
   setObjectName(QStringLiteral("ProfileData"));
   grid_ = new GridView(SEV_Grid);
   grid_->setObjectName(QStringLiteral("SEV_Grid"));
+  // A typed Z or distance goes to the logic, and the page size follows.
+  grid_->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::EditKeyPressed |
+                         QAbstractItemView::AnyKeyPressed);
+  grid_->table().on_edit = [this](int row, int col, const std::string& text) {
+    const bool taken = tab_.SEV_Grid_Edit(row, col, text);
+    if (taken) refresh_boxes();
+    return taken;
+  };
+  grid_->table().editable = [this](int row, int col) { return tab_.SEV_Grid_Typed(row, col); };
+  grid_->setToolTip(QStringLiteral("Z and Distance can be typed; the page size follows"));
+  grid_->table().shown = [](int col, const std::string& text) {
+    // Distances with two decimals; the cell keeps its whole value.
+    if (col == 6 && !text.empty()) return QString::number(rt::Val(text), 'f', 2);
+    return q(text);
+  };
 
   auto* right = new QVBoxLayout;
   auto* frames = new QHBoxLayout;
@@ -77,8 +94,19 @@ QWidget* ProfileWidget::build_table_side() {
   boxes->setLabelAlignment(Qt::AlignRight);
   const auto scale_changed = [this] { tab_.Text13_Change(); };
   boxes->addRow(QStringLiteral("Vertical scale"), box("Text13", sheet.Text13, scale_changed));
-  boxes->addRow(QStringLiteral("Horizontal scale"),
-                box("Text14", sheet.Text14, [this] { tab_.Text14_Change(); }));
+  // "Fit the page" beside the scales: the scales at which the section fits its sheet.
+  auto* horizontal = new QHBoxLayout;
+  horizontal->addWidget(box("Text14", sheet.Text14, [this] { tab_.Text14_Change(); }));
+  fit_page_ = new QPushButton(QStringLiteral("Fit the page"));
+  fit_page_->setObjectName(QStringLiteral("FitPage"));
+  fit_page_->setToolTip(
+      QStringLiteral("Change a scale that makes the section too big for its sheet into one that "
+                     "fits"));
+  connect(fit_page_, &QPushButton::clicked, this,
+          [this] { run([this] { tab_.Fit_Page_Click(); }); });
+  horizontal->addWidget(fit_page_);
+  horizontal->addStretch(1);
+  boxes->addRow(QStringLiteral("Horizontal scale"), horizontal);
   QLineEdit* text5 = box("Text5", sheet.Text5);
   text5->setReadOnly(true);
   text5->setToolTip(QStringLiteral("Change horizontal scale to modify this value"));
@@ -106,15 +134,16 @@ QGroupBox* ProfileWidget::build_options() {
     const char* name;
     CheckBox* model;
     const char* tip;
+    void (ProfileTab::*click)() = nullptr;  // what a click runs besides ticking
   } checks[] = {{"Check1", &tab_.Check1, "Display a color legend for resistivity"},
                 {"Check2", &tab_.Check2, "Draw topographical surface"},
                 {"Check3", &tab_.Check3, "Print resistivity values"},
                 {"Check4", &tab_.Check4, "Draw elevatio lines"},
                 {"Check5", &tab_.Check5, ""},
                 {"Check6", &tab_.Check6, "Dipslay the plot X and Z scale"},
-                {"Check7", &tab_.Check7, ""},
-                {"Check8", &tab_.Check8, ""},
-                {"Check9", &tab_.Check9, ""}};
+                {"Check7", &tab_.Check7, "", &ProfileTab::Check7_Click},
+                {"Check8", &tab_.Check8, "", &ProfileTab::Check8_Click},
+                {"Check9", &tab_.Check9, "", &ProfileTab::Check9_Click}};
   for (const Check& c : checks) {
     auto* check = new QCheckBox(q(c.model->Caption));
     check->setObjectName(QLatin1String(c.name));
@@ -123,6 +152,9 @@ QGroupBox* ProfileWidget::build_options() {
     connect(check, &QCheckBox::toggled, this, [this, model](bool on) {
       if (!refreshing_) model->Value = on ? 1 : 0;
     });
+    if (c.click)
+      connect(check, &QCheckBox::clicked, this,
+              [this, click = c.click] { run([this, click] { (tab_.*click)(); }); });
     checks_.emplace_back(check, model);
     column->addWidget(check);
   }
@@ -177,12 +209,12 @@ QGroupBox* ProfileWidget::build_colour_scale() {
       QLineEdit* b = box(box_name.c_str(), scale.RGBBox[static_cast<size_t>(n)]);
       b->setMaximumWidth(44);
       b->setAlignment(Qt::AlignRight);
-      connect(b, &QLineEdit::editingFinished, this,
+      // Leaving the box applies it, also when its text did not change.
+      b->installEventFilter(this);
+      leaves_.emplace_back(b, [this, n] { tab_.sheet.scale.RGBBox_LostFocus(n); });
+      connect(b, &QLineEdit::returnPressed, this,
               [this, n] { run([this, n] { tab_.sheet.scale.RGBBox_LostFocus(n); }); });
-      if (n == 2) {
-        b->installEventFilter(this);
-        clicks_.emplace_back(b, [this] { tab_.sheet.scale.RGBBox_Click(2); });
-      }
+      if (n == 2) clicks_.emplace_back(b, [this] { tab_.sheet.scale.RGBBox_Click(2); });
       rgb_boxes_[static_cast<size_t>(n)] = b;
       rgb->addWidget(b);
     }
@@ -228,12 +260,19 @@ QLineEdit* ProfileWidget::patch(const char* name, int width, std::function<void(
 }
 
 bool ProfileWidget::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::MouseButtonPress)
-    for (const auto& [object, click] : clicks_)
+  const auto handle = [this, watched](const auto& handlers) {
+    for (const auto& [object, handler] : handlers)
       if (object == watched) {
-        run(click);
+        run(handler);
         break;
       }
+  };
+  if (event->type() == QEvent::MouseButtonPress) handle(clicks_);
+  // Leaving a box for another control of the window; a dialog or a menu opening is not leaving.
+  if (event->type() == QEvent::FocusOut) {
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) handle(leaves_);
+  }
   return QWidget::eventFilter(watched, event);
 }
 
@@ -242,15 +281,27 @@ void ProfileWidget::run(const std::function<void()>& action) {
   refresh();
 }
 
+void ProfileWidget::refresh_boxes() {
+  const bool was = refreshing_;
+  refreshing_ = true;
+  for (const auto& [edit, model] : boxes_) {
+    if (edit->text() != q(model->Text)) edit->setText(q(model->Text));
+    edit->setEnabled(model->Enabled);
+  }
+  refreshing_ = was;
+}
+
 void ProfileWidget::refresh() {
   refreshing_ = true;
   // A column is never narrower than its header ("Max. depth").
   QHeaderView* header = grid_->horizontalHeader();
   for (int c = 0; c < header->count(); ++c)
     grid_->setColumnWidth(c, std::max(grid_->columnWidth(c), header->sectionSizeHint(c)));
-  for (const auto& [edit, model] : boxes_)
-    if (edit->text() != q(model->Text)) edit->setText(q(model->Text));
-  for (const auto& [check, model] : checks_) check->setChecked(model->Value == 1);
+  refresh_boxes();
+  for (const auto& [check, model] : checks_) {
+    check->setChecked(model->Value == 1);
+    check->setEnabled(model->Enabled);
+  }
   const ColourScale& scale = tab_.sheet.scale;
   for (int k = 1; k <= 16; ++k) {
     QLineEdit* p = class_boxes_[static_cast<size_t>(k)];

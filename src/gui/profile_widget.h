@@ -33,6 +33,7 @@ class ProfileWidget : public QWidget {
   QLineEdit* class_patch(int k) const { return class_boxes_[static_cast<size_t>(k)]; }
   QLineEdit* anchor_patch(int a) const { return anchors_[static_cast<size_t>(a)]; }
   QLineEdit* rgb_box(int n) const { return rgb_boxes_[static_cast<size_t>(n)]; }
+  QPushButton* fit_page_button() const { return fit_page_; }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -45,11 +46,14 @@ class ProfileWidget : public QWidget {
   QLineEdit* box(const char* name, TextBox& model, std::function<void()> changed = {});
   QLineEdit* patch(const char* name, int width, std::function<void()> click);
   void run(const std::function<void()>& action);
+  // The edit boxes show their models again.
+  void refresh_boxes();
 
   ProfileTab& tab_;
   std::string settings_path_;
   GridView* grid_ = nullptr;
   QPushButton* command2_ = nullptr;
+  QPushButton* fit_page_ = nullptr;
   std::vector<std::pair<QLineEdit*, TextBox*>> boxes_;
   std::vector<std::pair<QCheckBox*, CheckBox*>> checks_;
   std::array<QLineEdit*, 17> class_boxes_{};
@@ -57,7 +61,8 @@ class ProfileWidget : public QWidget {
   std::array<QLineEdit*, 9> rgb_boxes_{};
   QLineEdit *text9_ = nullptr, *text15_ = nullptr;
   QGroupBox* frame10_ = nullptr;
-  std::vector<std::pair<QObject*, std::function<void()>>> clicks_;
+  // What a click on a patch runs, and what leaving a box runs.
+  std::vector<std::pair<QObject*, std::function<void()>>> clicks_, leaves_;
   bool refreshing_ = false;
 };
 

@@ -26,6 +26,7 @@ class QtForms : public Forms {
   std::function<void()> on_show_sounding_alone;
   std::function<void()> on_focus_field_sheet;
   std::function<void()> on_beep;
+  std::function<void(const std::string&)> on_hint;
   std::function<int()> on_current_tab;
 
   void set_main_caption(const std::string& caption) override { call(on_caption, caption); }
@@ -44,6 +45,7 @@ class QtForms : public Forms {
   void show_sounding_alone() override { call(on_show_sounding_alone); }
   void focus_field_sheet() override { call(on_focus_field_sheet); }
   void beep() override { call(on_beep); }
+  void show_hint(const std::string& text) override { call(on_hint, text); }
   int current_tab() const override { return on_current_tab ? on_current_tab() : -1; }
 
  private:

@@ -47,6 +47,8 @@ class Forms {
   virtual void focus_field_sheet() {}
   // The short warning sound of a refused command.
   virtual void beep() {}
+  // A hint in the main window's status line; nothing else changes.
+  virtual void show_hint(const std::string& /*text*/) {}
   // Index of the current tab of `SSTab1`; -1 when there is no main window.
   virtual int current_tab() const { return -1; }
 };

@@ -65,22 +65,23 @@ int32_t ColourScale::colour_of_resistivity(double r) const {
   return k == 0 ? -1 : ClassBox[static_cast<size_t>(k)].BackColor;
 }
 
-int32_t ColourScale::pick_colour() {
-  // No cancel test: a cancelled dialog hands back the colour it held.
-  if (auto chosen = session_.dialogs.colour(kColourDialogTitle, dialog_colour))
-    dialog_colour = *chosen;
-  return dialog_colour;
+std::optional<int32_t> ColourScale::pick_colour(int32_t present) {
+  return session_.dialogs.colour(kColourDialogTitle, present);
 }
 
 void ColourScale::ClassBox_Click(int k) {
   if (k < 1 || k > 16) return;
-  ClassBox[static_cast<size_t>(k)].BackColor = pick_colour();
+  TextBox& box = ClassBox[static_cast<size_t>(k)];
+  if (const auto colour = pick_colour(box.BackColor)) box.BackColor = *colour;
 }
 
 void ColourScale::AnchorColour_Click(int a) {
   if (a < 1 || a > 3) return;
-  const int32_t colour = pick_colour();
-  AnchorColour[static_cast<size_t>(a)].BackColor = colour;
+  TextBox& anchor = AnchorColour[static_cast<size_t>(a)];
+  const auto chosen = pick_colour(anchor.BackColor);
+  if (!chosen) return;
+  const int32_t colour = *chosen;
+  anchor.BackColor = colour;
   rgb_box(a, 0).Text = rt::CStr(colour % 256);
   rgb_box(a, 1).Text = rt::CStr(colour / 256 % 256);
   rgb_box(a, 2).Text = rt::CStr(colour / 65536);
@@ -94,7 +95,7 @@ void ColourScale::clamp_and_interpolate(int n) {
 }
 
 void ColourScale::RGBBox_LostFocus(int n) {
-  if (n >= 0 && n <= 8 && n != 2) clamp_and_interpolate(n);
+  if (n >= 0 && n <= 8) clamp_and_interpolate(n);
 }
 
 void ColourScale::RGBBox_Click(int n) {

@@ -5,6 +5,7 @@
 // the patches and reach the settings file only through `Command10`.
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "core/session.h"
@@ -29,8 +30,6 @@ class ColourScale {
   std::array<TextBox, 9> RGBBox;        // Text120..Text128: red, green, blue of anchors 1..3
   Button Command10;
   Label Label102;
-  // The colour the dialog holds: a cancelled dialog gives it back unchanged.
-  int32_t dialog_colour = 0;
 
   // The box of `component` (0 red, 1 green, 2 blue) of `anchor` (1..3).
   TextBox& rgb_box(int anchor, int component) {
@@ -49,20 +48,20 @@ class ColourScale {
   // The colour of resistivity r; -1 when no class holds it.
   int32_t colour_of_resistivity(double r) const;
 
-  // A click on class patch k: the dialog's colour becomes the patch's.
+  // A click on class patch k: the colour chosen becomes the patch's; Cancel changes nothing.
   void ClassBox_Click(int k);
-  // A click on anchor patch a: the dialog's colour becomes the anchor's, its three parts go to the
-  // number boxes, and the scale is interpolated again.
+  // A click on anchor patch a: the colour chosen becomes the anchor's, its three parts go to the
+  // number boxes, and the scale is interpolated again. Cancel changes nothing.
   void AnchorColour_Click(int a);
   // Leaving number box n (0..8 for Text120..Text128): above 255 becomes "255", then calcul_RGB.
-  // Text122 (n = 2) does this on a click instead, and its leaving does nothing.
+  // Text122 (n = 2) does this on a click as well.
   void RGBBox_LostFocus(int n);
   void RGBBox_Click(int n);
   // "OK, Save": the 16 class colours to the settings' `PALETTE_A`. False when the file could not
   // be written (nothing is shown).
   bool Command10_Click(Settings& settings, const std::string& settings_path);
-  // The colour dialog: the colour chosen, or on Cancel the one it held.
-  int32_t pick_colour();
+  // The colour dialog, opened on `present`: the colour chosen, none on Cancel.
+  std::optional<int32_t> pick_colour(int32_t present);
 
  private:
   void clamp_and_interpolate(int n);

@@ -56,6 +56,7 @@ class ProfileSheet {
   // Page size of the section and the values of the profile from the table and the scales.
   void calcul_echelle();
   const GridModel& grid() const { return SEV_Grid_; }
+  GridModel& grid() { return SEV_Grid_; }
 
  private:
   Session& session_;

@@ -49,39 +49,35 @@ class MainFormTest : public testing::SessionTest {
 // Without a language or axes in the settings: English and the default axes.
 TEST_F(MainFormTest, StartUpIsEnglishWithTheDefaultAxesAndTheStartWindowsButtons) {
   Application& a = started("[File]\r\nFile 1=/data/a.TX3\r\nFile 5=/data/e.TX3\r\n");
-  EXPECT_TRUE(dialogs.messages.empty());
-  EXPECT_TRUE(a.s.Language.English);
+  EXPECT_TRUE(dialogs.messages.empty() && a.s.Language.English);
   EXPECT_EQ(std::vector<int>({a.s.DecadeStart, a.s.DecadeEnd, a.s.RhoDecadeEnd}),
             std::vector<int>({-1, 4, 4}));
-  EXPECT_EQ(forms.caption, "Tellux 6.4 [NEW]");  // the sheet names the unnamed sounding
-  EXPECT_EQ(forms.recent_captions[5], "&5 /data/e.TX3");
+  // The sheet names the unnamed sounding.
+  EXPECT_EQ(forms.caption + "|" + forms.recent_captions[5], "Tellux 6.4 [NEW]|&5 /data/e.TX3");
   // The empty frame is on the diagram: the label of the left edge is " .1".
   EXPECT_NE(std::find(Bilog.ops.begin(), Bilog.ops.end(), "Print \" .1\""), Bilog.ops.end());
-  EXPECT_EQ(a.main.Combo6.ListCount(), 4);
-  EXPECT_EQ(a.main.Text4.Text, "Schlumberger");
-  EXPECT_EQ(a.setup.Combo1.ListIndex(), 0);  // the setup tab is filled
+  // The setup tab is filled.
+  EXPECT_EQ(std::tuple(a.main.Combo6.ListCount(), a.main.Text4.Text, a.setup.Combo1.ListIndex()),
+            std::tuple(4, "Schlumberger", 0));
 
   // The start window's buttons: a new sounding, an open one (Cancel first), the last file again.
   a.s.FieldTable(1, 1) = Cell(3.0);
   a.frmSplash.Command2_Click();
-  EXPECT_FALSE(a.frmSplash.visible);
-  EXPECT_EQ(a.s.FieldTable(1, 1).num(), 0);
-  EXPECT_EQ(forms.tab, kSheetTab);
+  EXPECT_EQ(std::tuple(a.frmSplash.visible, a.s.FieldTable(1, 1).num(), forms.tab),
+            std::tuple(false, 0.0, kSheetTab));
 
   a.frmSplash.Show();
   a.frmSplash.Command4_Click();  // Cancel: the start window stays for another choice
   EXPECT_TRUE(a.frmSplash.visible);
   dialogs.open_choices = {{sample("three_layers.TX3")}};
   a.frmSplash.Command4_Click();
-  EXPECT_FALSE(a.frmSplash.visible);
-  EXPECT_EQ(a.s.FileName, "three_layers.TX3");
+  EXPECT_EQ(std::tuple(a.frmSplash.visible, a.s.FileName), std::tuple(false, "three_layers.TX3"));
 
   a.frmSplash.Show();
   a.s.FieldTable.erase();
   a.frmSplash.Command3_Click();  // the last file again
-  EXPECT_FALSE(a.frmSplash.visible);
-  EXPECT_GT(a.s.FieldCount, 10);
-  EXPECT_EQ(a.s.FieldTable(1, 1).num(), 1);
+  EXPECT_EQ(std::tuple(a.frmSplash.visible, a.s.FieldCount, a.s.FieldTable(1, 1).num()),
+            std::tuple(false, 28, 1.0));
 }
 
 TEST_F(MainFormTest, StartWindowCaptionsFollowTheLanguageAndGermanStandsInEnglish) {
@@ -100,11 +96,11 @@ TEST_F(MainFormTest, CommaSeparatorIsAskedAboutAndOnlyYesChangesIt) {
   dialogs.answers = {Answer::No};
   started();
   ASSERT_EQ(dialogs.messages.size(), 1u);
-  EXPECT_EQ(dialogs.messages[0].text,
-            "\r\n Decimal separator is a comma, Tellux can modify the decimal separator\r\n"
-            "a point is required to run correctly all modules! ");
-  EXPECT_EQ(dialogs.messages[0].buttons, Buttons::YesNo);
-  EXPECT_EQ(system.point_chosen, 0);  // No: the program goes on with the comma
+  // No: the program goes on with the comma.
+  EXPECT_EQ(std::tuple(dialogs.messages[0].text, dialogs.messages[0].buttons, system.point_chosen),
+            std::tuple("\r\n Decimal separator is a comma, Tellux can modify the decimal "
+                       "separator\r\na point is required to run correctly all modules! ",
+                       Buttons::YesNo, 0));
 
   dialogs.messages.clear();
   dialogs.answers = {Answer::Yes};
@@ -118,10 +114,9 @@ TEST_F(MainFormTest, ASecondCopyIsRefusedBeforeTheSettingsAreRead) {
   make_app();
   EXPECT_FALSE(app->main.Form_Load());
   ASSERT_EQ(dialogs.messages.size(), 1u);
-  EXPECT_EQ(dialogs.messages[0].text, "Cannot load program again.");
-  EXPECT_EQ(dialogs.messages[0].title, "The requested application is already open");
-  EXPECT_FALSE(app->s.Language.French);
-  EXPECT_FALSE(app->frmSplash.visible);
+  EXPECT_EQ(dialogs.messages[0].text + "|" + dialogs.messages[0].title,
+            "Cannot load program again.|The requested application is already open");
+  EXPECT_FALSE(app->s.Language.French || app->frmSplash.visible);
 }
 
 TEST_F(MainFormTest, ToolbarOpenReadsTheFileAndNewEmptiesTheSounding) {
@@ -129,13 +124,10 @@ TEST_F(MainFormTest, ToolbarOpenReadsTheFileAndNewEmptiesTheSounding) {
   a.main.Toolbar1_ButtonClick("computation");
   EXPECT_EQ(forms.model_window_shown, 1);
   open(sample("three_layers.TX3"));  // the desktop's test checks what is read
-  EXPECT_EQ(a.s.FileName, "three_layers.TX3");
-  EXPECT_EQ(forms.model_window_shown, 2);
-
-  a.main.Toolbar1_ButtonClick("bilog");
-  EXPECT_EQ(a.s.ModelComputed, 0);
-  EXPECT_EQ(a.s.FileName, "NEW");  // the sheet names a new sounding
-  EXPECT_EQ(forms.tab, kSheetTab);
+  EXPECT_EQ(std::tuple(a.s.FileName, forms.model_window_shown), std::tuple("three_layers.TX3", 2));
+  a.main.Toolbar1_ButtonClick("bilog");  // the sheet names a new sounding
+  EXPECT_EQ(std::tuple(a.s.ModelComputed, a.s.FileName, forms.tab),
+            std::tuple(0, "NEW", kSheetTab));
 }
 
 // Save on the sheet empties it; Quit then must not take the empty sheet for the sounding.
@@ -192,15 +184,14 @@ TEST_F(MainFormTest, ResizeAndTheBilogTabRedrawTheCurveOnlyAfterASoundingWasOpen
   EXPECT_EQ(a.session.forward_runs, runs);  // fresh start: the frame alone
   open(sample("three_layers.TX3"));
   a.main.Form_Resize(16000, 12000);
-  EXPECT_EQ(a.session.forward_runs, runs + 1);
-  EXPECT_EQ(Bilog.MousePointer(), kPointerCross);
-  Bilog.ops.clear();
-  a.s.SetupRedrawMark = false;
-  a.main.SSTab1_Click(kBilogTab);
-  EXPECT_TRUE(Bilog.ops.empty());
-  a.s.SetupRedrawMark = true;
-  a.main.SSTab1_Click(kBilogTab);
-  EXPECT_FALSE(Bilog.ops.empty());
+  EXPECT_EQ(std::tuple(a.session.forward_runs, Bilog.MousePointer()),
+            std::tuple(runs + 1, kPointerCross));
+  for (bool mark : {false, true}) {
+    Bilog.ops.clear();
+    a.s.SetupRedrawMark = mark;
+    a.main.SSTab1_Click(kBilogTab);
+    EXPECT_EQ(Bilog.ops.empty(), !mark);
+  }
   // A sounding without a model: the frame and its points, no flat curve of an empty model.
   const long runs_now = a.session.forward_runs;
   open(sample("three_layers_nomodel.TX3"));
@@ -249,9 +240,9 @@ TEST_F(LeavingTest, CancelGoesOnYesEndsAndNoSavesTheSoundingFirst) {
   a.s.DecadeStart = 0;  // chosen on the setup tab; the keep box stays unticked
   dialogs.answers = {Answer::Cancel};
   EXPECT_TRUE(a.main.leave_program());
-  EXPECT_EQ(a.s.DecadeStart, 0);  // the run goes on with the user's choice...
-  EXPECT_EQ(IniFile::load(ini).get("Tellux", "AB2min"), std::nullopt);  // ...the file without it
-  EXPECT_EQ(ended, 0);
+  // The run goes on with the user's choice, the file without it.
+  EXPECT_EQ(std::tuple(a.s.DecadeStart, ended), std::tuple(0, 0));
+  EXPECT_EQ(IniFile::load(ini).get("Tellux", "AB2min"), std::nullopt);
   ASSERT_EQ(dialogs.messages.size(), 1u);
   EXPECT_EQ(dialogs.messages[0].text,
             "     You are leaving Tellux\r\n  (Have you saved your data ?)....  ");
@@ -259,18 +250,17 @@ TEST_F(LeavingTest, CancelGoesOnYesEndsAndNoSavesTheSoundingFirst) {
 
   // Yes ends with the settings written and no file; No saves the sounding, the writer asking first.
   started_with_copy().main.E_M_Click();  // the scripted answer is Yes
-  EXPECT_EQ(ended, 1);
-  EXPECT_FALSE(std::filesystem::exists(copy));
+  EXPECT_EQ(std::tuple(ended, std::filesystem::exists(copy)), std::tuple(1, false));
   EXPECT_EQ(IniFile::parse(rt::read_whole_file(ini)).read("File", "File 1", ""), copy);
 
   started_with_copy();
   dialogs.messages.clear();
   dialogs.answers = {Answer::No, Answer::Yes};
   app->main.Toolbar1_ButtonClick("stop");
-  EXPECT_EQ(ended, 2);
-  EXPECT_EQ(dialogs.messages.size(), 2u);  // the leaving question, then the writer's
-  EXPECT_TRUE(std::filesystem::exists(copy));
-  EXPECT_TRUE(std::filesystem::exists(ini));
+  // The leaving question, then the writer's.
+  EXPECT_EQ(std::tuple(ended, dialogs.messages.size(), std::filesystem::exists(copy),
+                       std::filesystem::exists(ini)),
+            std::tuple(2, 2u, true, true));
 }
 
 }  // namespace

@@ -70,17 +70,14 @@ TEST_F(SetupTabTest, LoadParameterSetsTheListsFromTheExponents) {
   s.HalfArray = 2;
   use_language('F');
   tab.Load_parameter();
-  EXPECT_EQ(s.HalfArray, 1);
-  EXPECT_EQ(tab.Combo1.Text(), "       0.1");
-  EXPECT_EQ(tab.Combo2.Text(), "    1000");
-  EXPECT_EQ(tab.Combo3.Text(), "      0.01");
-  EXPECT_EQ(tab.Combo4.Text(), "1000000");
-  EXPECT_EQ(tab.Combo5.Text(), "     Auto");
-  EXPECT_EQ(s.ThicknessDecimals, 0);  // Auto at each start
-  EXPECT_EQ(tab.represent_modele.Value, 0);
-  EXPECT_EQ(s.Spread, SpreadType::Wenner);
-  EXPECT_EQ(tab.garder_config.Caption, "Garder la configuration en sortant");
-  EXPECT_EQ(tab.Command11.Caption, "Redessiner");
+  EXPECT_EQ(tab.Combo1.Text() + tab.Combo2.Text() + tab.Combo3.Text() + tab.Combo4.Text() +
+                tab.Combo5.Text(),
+            "       0.1    1000      0.011000000     Auto");
+  // Thickness decimals on Auto at each start.
+  EXPECT_EQ(std::tuple(s.HalfArray, s.ThicknessDecimals, tab.represent_modele.Value, s.Spread),
+            std::tuple(1, 0, 0, SpreadType::Wenner));
+  EXPECT_EQ(tab.garder_config.Caption + "|" + tab.Command11.Caption,
+            "Garder la configuration en sortant|Redessiner");
   use_language('S');
   tab.Load_parameter();
   EXPECT_EQ(tab.Label5.Caption, "Decimalas espessores");
@@ -98,17 +95,14 @@ TEST_F(SetupTabTest, RangesOutsideTheListsOrWithoutADecade) {
   drawing.attach();
   s.DecadeEnd = 7;
   redraw();
-  EXPECT_EQ(tab.Combo2.ListIndex(), -1);
-  EXPECT_EQ(s.DecadeEnd, 7);
-  EXPECT_EQ(screen.ops.back(), "MousePointer 2");
-  EXPECT_EQ(screen.ops[screen.ops.size() - 4].substr(0, 5), "Line ");
-  EXPECT_EQ(session.forward_runs, 0);
+  EXPECT_EQ(std::tuple(tab.Combo2.ListIndex(), s.DecadeEnd, screen.ops.back(),
+                       screen.ops[screen.ops.size() - 4].substr(0, 5), session.forward_runs),
+            std::tuple(-1, 7, "MousePointer 2", "Line ", 0));
   tab.Combo1.ListIndex(2);  // 10
   tab.Combo2.ListIndex(0);  // 10
   tab.Command11_Click();
-  EXPECT_EQ(s.DecadeStart, 1);
-  EXPECT_EQ(s.DecadeEnd, 1);
-  EXPECT_EQ(screen.ops.back(), "MousePointer 2");
+  EXPECT_EQ(std::tuple(s.DecadeStart, s.DecadeEnd, screen.ops.back()),
+            std::tuple(1, 1, "MousePointer 2"));
 }
 
 TEST_F(SetupTabTest, RedrawReadsTheRangesBackAsValuesAndExponents) {
@@ -122,18 +116,14 @@ TEST_F(SetupTabTest, RedrawReadsTheRangesBackAsValuesAndExponents) {
   tab.garder_config.Value = 1;
   tab.Option_Click(1);
   tab.Command11_Click();
-  EXPECT_EQ(s.AB2min, 0);
-  EXPECT_EQ(s.AB2max, 1000);
-  EXPECT_EQ(s.RHOmax, 1000000);
+  EXPECT_EQ(std::tuple(s.AB2min, s.AB2max, s.RHOmax), std::tuple(0, 1000, 1000000));
   EXPECT_EQ(std::vector<int>({s.DecadeStart, s.DecadeEnd, s.RhoDecadeStart, s.RhoDecadeEnd}),
             std::vector<int>({-1, 3, -2, 6}));
-  EXPECT_EQ(s.ThicknessDecimals, 2);
-  EXPECT_EQ(s.ShowModelSteps, -1);  // not 0
-  EXPECT_EQ(s.KeepConfiguration, 1);
-  EXPECT_EQ(Text4.Text, "Dipole");
-  EXPECT_EQ(s.SpreadTag, "1");
-  EXPECT_EQ(BuildGrid.text(0, 2), "AM");
-  EXPECT_EQ(forms.log.back(), "fill sheet");
+  // The steps' box unticked gives -1, not 0.
+  EXPECT_EQ(std::tuple(s.ThicknessDecimals, s.ShowModelSteps, s.KeepConfiguration),
+            std::tuple(2, -1, 1));
+  EXPECT_EQ(Text4.Text + s.SpreadTag + BuildGrid.text(0, 2) + forms.log.back(),
+            "Dipole1AMfill sheet");
   // The frame was drawn for the new ranges.
   EXPECT_EQ(screen.ops[3], "Scale -1.0799 6.2001 3.4000 -2.8000");
 }
@@ -143,11 +133,10 @@ TEST_F(SetupTabTest, RedrawComputesTheCurrentModelAndReplaysTheStoredOnes) {
   s.ShowModelSteps = 1;
   drawing.attach();
   redraw();
-  EXPECT_EQ(session.forward_runs, 1);
   // The current model went to the slot being filled, with its count, and came back from it.
-  EXPECT_EQ(s.LayerHistory[1](2, 1).num(), 20.0);
-  EXPECT_EQ(s.HistoryCounts[1], 3);
-  EXPECT_EQ(s.LayerCount, 3);
+  EXPECT_EQ(std::tuple(session.forward_runs, s.LayerHistory[1](2, 1).num(), s.HistoryCounts[1],
+                       s.LayerCount),
+            std::tuple(1, 20.0, 3, 3));
   // The staircase is drawn by the calculation and once more.
   EXPECT_EQ(count(" 16711935"), 2 * 5u);
 
@@ -181,14 +170,16 @@ TEST_F(SetupTabTest, RedrawComputesTheCurrentModelAndReplaysTheStoredOnes) {
 
 TEST_F(SetupTabTest, ColourButtonsTheHintsAndTheColourGridQuestion) {
   dialogs.colours = {11, 12, 13, 14, 15, 16};
+  tab.Picture4.BackColor = 0x808080;
   for (auto click :
        {&SetupTab::Command4_Click, &SetupTab::Command5_Click, &SetupTab::Command6_Click,
         &SetupTab::Command7_Click, &SetupTab::Command8_Click, &SetupTab::Command12_Click})
     (tab.*click)();
+  // Each opens on its sample's colour (white, or the grey given).
   const std::vector<std::pair<std::string, int>> expected = {
-      {"Tellux Curve color selection", 0},  {"Tellux Curve color selection", 0},
-      {"Tellux Model color selection", 0},  {"Tellux Error curve color selection", 0},
-      {"Tellux superposed curve color", 0}, {"Tellux Points color selection", 0}};
+      {"Tellux Curve color selection", 0xFFFFFF},  {"Tellux Curve color selection", 0xFFFFFF},
+      {"Tellux Model color selection", 0x808080},  {"Tellux Error curve color selection", 0xFFFFFF},
+      {"Tellux superposed curve color", 0xFFFFFF}, {"Tellux Points color selection", 0xFFFFFF}};
   EXPECT_EQ(dialogs.colour_requests, expected);
   // Each colour in the record and on its sample.
   const std::pair<int32_t, int32_t> got[] = {
@@ -196,25 +187,24 @@ TEST_F(SetupTabTest, ColourButtonsTheHintsAndTheColourGridQuestion) {
       {s.ModelColour, tab.Picture4.BackColor},    {s.ErrorColour, tab.Picture5.BackColor},
       {s.SuperposedColour, tab.Text16.BackColor}, {s.CurveColour, tab.Picture1.BackColor}};
   for (int i = 0; i < 6; ++i) EXPECT_EQ(got[i], std::make_pair(11 + i, 11 + i)) << i;
-  // Cancel cancels nothing: the dialog's cleared colour is taken.
-  tab.Command6_Click();
-  EXPECT_EQ(s.ModelColour, 0);
+  tab.Command6_Click();  // Cancel leaves the colour
+  EXPECT_EQ(dialogs.colour_requests.back().second, 13);
+  EXPECT_EQ(s.ModelColour, 13);
 
   use_language('F');
   tab.Picture4_MouseMove();
-  EXPECT_EQ(Text1.Text, "Nouveau SE ou corrections");
+  const std::string french = Text1.Text;
   use_language('E');
   tab.Picture5_MouseMove();
-  EXPECT_EQ(Text1.Text, "Enter new File");
+  EXPECT_EQ(french + "|" + Text1.Text, "Nouveau SE ou corrections|Enter new File");
 
   dialogs.answers = {Answer::No, Answer::Yes};
   AskColourGrid(session);
   EXPECT_FALSE(s.ColourGrid);
   AskColourGrid(session);
-  EXPECT_TRUE(s.ColourGrid);
   ASSERT_EQ(dialogs.messages.size(), 2u);
-  EXPECT_EQ(dialogs.messages[0].text, "Do you want a color grid");
-  EXPECT_EQ(dialogs.messages[0].buttons, Buttons::YesNo);
+  EXPECT_EQ(std::tuple(s.ColourGrid, dialogs.messages[0].text, dialogs.messages[0].buttons),
+            std::tuple(true, "Do you want a color grid", Buttons::YesNo));
 }
 
 }  // namespace

@@ -68,6 +68,7 @@ const Golden kGolden[] = {
     {"fit_written.TX3", "fit " + S + "four_layers.TX3 --thickness-decimals 2 --out OUT"},
     {"profile_line1.json", "profile " + kLine + "--vscale 1000 --hscale 250"},
     {"colours.json", "colours --min 10 --max 2000 --classify 5,134,1000,3000"},
+    {"colours_anchors.json", "colours --min 10 --max 2000 --anchors 150,16,1:249,250,255:0,0,0"},
     {"report_three_layers.ops", "report " + S + "three_layers.TX3 --steps --errors --ops OUT"},
     {"report_dipole_lying.ops",
      "report " + S + "dipole_two.TX3 --array dipole --landscape --steps --ops OUT"},
@@ -91,6 +92,7 @@ const Golden kGolden[] = {
     {"section_odd_logs.ops", "section " + D +
                                  "section/S1?.TX3 --hscale 2000 --vscale 500 "
                                  "--landscape --angle -12.5 --show labels,names --ops OUT"},
+    {"section_too_big.json", "section " + kLine + "--hscale 100 --vscale 100"},
     {"section_filled.ops",
      "section " + D + "section/S1?.TX3 --hscale 2000 --vscale 500 --show fill,numbers --ops OUT"},
     {"diagram_bilog.ops", "plot " + S + "bilog_three_layers.TX3 --steps --errors --ops OUT"},

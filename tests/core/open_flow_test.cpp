@@ -119,6 +119,21 @@ TEST(RecentFiles, OpeningAnEntry) {
             std::tuple("sample.TX3", open_data("sample.SEV"), 5, 0u));
 }
 
+// A TX3 keeps no array: dipole readings (MN/2 above AB/2) opened under Schlumberger give a hint in
+// the status line and change nothing; under the dipole array they give none.
+TEST(OpenSounding, ReadingsThatNoSchlumbergerSpreadHasGiveAHint) {
+  OpenSession o;
+  o.speak('F');
+  o.s.FilePath = std::string(TELLUX_SOURCE_DIR) + "/samples/dipole_two.TX3";
+  open_sounding(o.session);
+  EXPECT_EQ(o.forms.log.back(), "hint MN/2 >= AB/2 : dispositif Schlumberger ?");
+  EXPECT_EQ(std::tuple(o.s.Spread, o.s.FieldCount, o.dialogs.messages.size()),
+            std::tuple(SpreadType::Schlumberger, 26, 0u));
+  o.s.Spread = SpreadType::Dipole;
+  open_sounding(o.session);
+  EXPECT_EQ(o.forms.log.back(), "fill sheet");
+}
+
 // The name is cut after the last separator of either kind; without a separator the first
 // character goes: the flow has always cut so.
 TEST(OpenSounding, NamesAreCutAfterTheLastSeparatorAndRenamed) {

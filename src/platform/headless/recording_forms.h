@@ -42,6 +42,7 @@ class RecordingForms : public Forms {
   }
   void revive_overlay_controls() override { log.push_back("revive overlay"); }
   void fill_sheet() override { log.push_back("fill sheet"); }
+  void show_hint(const std::string& text) override { log.push_back("hint " + text); }
 };
 
 }  // namespace tellux
