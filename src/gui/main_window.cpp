@@ -26,6 +26,7 @@
 #include "gui/grid_view.h"
 #include "gui/print_widget.h"
 #include "gui/profile_widget.h"
+#include "gui/survey_commands_view.h"
 #include "gui/programs.h"
 #include "gui/r2di_dialog.h"
 #include "gui/setup_widget.h"
@@ -104,6 +105,7 @@ MainWindow::MainWindow(Application& app, QtDrawingSurface& bilog, QtForms& forms
   tabs_->addTab(print_, QString::fromUtf8(kTabCaptions[2]));
   tabs_->addTab(setup_, QString::fromUtf8(kTabCaptions[3]));
   tabs_->addTab(profile_, QString::fromUtf8(kTabCaptions[4]));
+  add_survey_buttons(*profile_, app_, [this] { refresh(); });
   section_ = new PrintWidget(app_.section, app_.VSPrint1);
   section_->setObjectName(QStringLiteral("SEVProfile"));
   section_->on_changed = [this] { refresh(); };
@@ -214,6 +216,7 @@ void MainWindow::build_menu() {
   add(file, "HORSLICE", "Extraction for SURFER",
       [this] { HORSLICE(app_.session, show_extraction_form); });
   add(file, "xlsave", "Save for &XL", [this] { export_txl(app_.session); });
+  add(file, "ImportTable", import_table_caption(app_), [this] { import_table(this, app_); });
   QMenu* convert = file->addMenu(QStringLiteral("&Conversions"));
   convert->setObjectName(QStringLiteral("Nconvert"));
   const std::pair<const char*, const char*> converters[] = {{"Sheet", "&Multiple soundings sheet"},
