@@ -4,8 +4,8 @@
 // fast as one.
 #include <benchmark/benchmark.h>
 
-#include <filesystem>
 #include <unistd.h>
+#include <filesystem>
 
 #include "core/sounding_file.h"
 #include "platform/headless/scripted_dialogs.h"
@@ -20,8 +20,8 @@ namespace fs = std::filesystem;
 // Soundings of three to five layers that change along the line, written without a model.
 const std::vector<std::string>& survey_files() {
   static const std::vector<std::string> files = [] {
-    const fs::path dir = fs::temp_directory_path() / ("tellux_bench_survey_" +
-                                                      std::to_string(::getpid()));
+    const fs::path dir =
+        fs::temp_directory_path() / ("tellux_bench_survey_" + std::to_string(::getpid()));
     fs::create_directories(dir);
     std::vector<std::string> paths;
     for (int n = 0; n < 100; ++n) {

@@ -25,7 +25,9 @@ Command convert_table_command(CLI::App& root) {
                   "mean. Default: from the header's names");
   app->add_option("--delimiter", o->delimiter, "Cell delimiter: , ; or tab (default: guessed)")
       ->check(CLI::IsMember({",", ";", "tab", "\t"}));
-  app->add_flag("--decimal-comma", o->decimal_comma, "Numbers are written with a decimal comma");
+  app->add_flag("--decimal-comma", o->decimal_comma,
+                "Numbers are written with a decimal comma (found alone when the cells are not "
+                "separated by commas)");
   app->add_option("--skip", o->skip, "Lines passed over at the top of the file")
       ->check(CLI::Range(0, 100000))
       ->capture_default_str();
@@ -62,6 +64,7 @@ Command convert_table_command(CLI::App& root) {
               std::string out = o->out;
               if (out.empty())
                 out = std::filesystem::path(o->file).replace_extension(".TX3").string();
+              cli.s.FilePath = cli.s.FileName = std::filesystem::absolute(out).string();
               written = write_tx3(cli, out);
               if (written) j["Files"].push_back(text(std::filesystem::absolute(out).string()));
               j["FieldCount"] = cli.s.FieldCount;

@@ -4,8 +4,8 @@
 
 #include "core/open_flow.h"
 #include "core/runtime/errors.h"
-#include "core/sounding_file.h"
 #include "core/runtime/token_file.h"
+#include "core/sounding_file.h"
 #include "survey/model_export.h"
 
 namespace tellux {
@@ -51,10 +51,9 @@ int write_fitted_survey(Session& session, ProfileTab& tab, std::vector<FittedSou
       session.text("Enregistrer les modèles ajustés de ", "¿Salvar los modelos ajustados de ",
                    "Save the fitted models of ") +
       std::to_string(ready) +
-      session.text(
-          " sondages ?\r\nL'ancienne version de chaque fichier est gardée dans NOM.BAK.",
-          " sondeos?\r\nLa versión anterior de cada fichero se guarda en NOMBRE.BAK.",
-          " soundings?\r\nThe previous version of each file is kept as NAME.BAK.");
+      session.text(" sondages ?\r\nL'ancienne version de chaque fichier est gardée dans NOM.BAK.",
+                   " sondeos?\r\nLa versión anterior de cada fichero se guarda en NOMBRE.BAK.",
+                   " soundings?\r\nThe previous version of each file is kept as NAME.BAK.");
   if (session.dialogs.message(question, Buttons::YesNo, Icon::Question, kProgramTitle) !=
       Answer::Yes)
     return 0;
@@ -81,8 +80,8 @@ int write_fitted_survey(Session& session, ProfileTab& tab, std::vector<FittedSou
 void export_profile_models(Session& session, const ProfileSheet& sheet) {
   const std::vector<std::string> files = profile_files(sheet);
   if (files.empty()) {
-    session.tell(session.text("Sélectionnez d'abord les sondages", "Primero, seleccione los sondeos",
-                              "Select the soundings first"));
+    session.tell(session.text("Sélectionnez d'abord les sondages",
+                              "Primero, seleccione los sondeos", "Select the soundings first"));
     return;
   }
   FileDialogRequest request;

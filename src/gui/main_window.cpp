@@ -26,12 +26,12 @@
 #include "gui/grid_view.h"
 #include "gui/print_widget.h"
 #include "gui/profile_widget.h"
-#include "gui/survey_commands_view.h"
 #include "gui/programs.h"
 #include "gui/r2di_dialog.h"
 #include "gui/setup_widget.h"
 #include "gui/sheet_widget.h"
 #include "gui/splash_window.h"
+#include "gui/survey_commands_view.h"
 #include "gui/toolbar_icons.h"
 #include "platform/qt/qt_page_painter.h"
 #include "plot/bilog_frame.h"
@@ -216,7 +216,8 @@ void MainWindow::build_menu() {
   add(file, "HORSLICE", "Extraction for SURFER",
       [this] { HORSLICE(app_.session, show_extraction_form); });
   add(file, "xlsave", "Save for &XL", [this] { export_txl(app_.session); });
-  add(file, "ImportTable", import_table_caption(app_), [this] { import_table(this, app_); });
+  add(file, "ImportTable", import_table_caption(app_),
+      [this] { import_table_command(this, app_); });
   QMenu* convert = file->addMenu(QStringLiteral("&Conversions"));
   convert->setObjectName(QStringLiteral("Nconvert"));
   const std::pair<const char*, const char*> converters[] = {{"Sheet", "&Multiple soundings sheet"},

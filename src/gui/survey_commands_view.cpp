@@ -25,13 +25,12 @@ void fit_all_soundings(QWidget* parent, Application& app) {
   std::vector<FittedSounding> fitted;
   const SoundingState start = app.s;
   const FitChoices choices = profile_fit_choices(app.s);
-  std::thread worker(
-      [&] { fitted = fit_survey(start, choices, files, 0, &progress); });
-  QProgressDialog bar(QString::fromUtf8(app.session.text("Ajustement des sondages...",
-                                                         "Ajuste de los sondeos...",
-                                                         "Fitting the soundings...")),
-                      QString::fromUtf8(app.session.text("Annuler", "Cancelar", "Cancel")), 0,
-                      static_cast<int>(files.size()), parent);
+  std::thread worker([&] { fitted = fit_survey(start, choices, files, 0, &progress); });
+  QProgressDialog bar(
+      QString::fromUtf8(app.session.text("Ajustement des sondages...", "Ajuste de los sondeos...",
+                                         "Fitting the soundings...")),
+      QString::fromUtf8(app.session.text("Annuler", "Cancelar", "Cancel")), 0,
+      static_cast<int>(files.size()), parent);
   bar.setObjectName(QStringLiteral("FitAllProgress"));
   bar.setWindowTitle(QString::fromUtf8(kProgramTitle));
   bar.setWindowModality(Qt::WindowModal);

@@ -20,7 +20,7 @@ void fit_all_soundings(QWidget* parent, Application& app);
 
 // "Import a table...": the open dialog, then the table's first lines with a role for each column;
 // OK writes the readings as NAME.TX3 beside the table and opens it.
-void import_table(QWidget* parent, Application& app);
+void import_table_command(QWidget* parent, Application& app);
 
 // The caption of the menu entry in the language in force.
 const char* import_table_caption(const Application& app);

@@ -11,6 +11,7 @@
 #include <QSpinBox>
 #include <QTableWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "app/application.h"
 #include "app/survey_commands.h"
@@ -23,20 +24,28 @@ namespace tellux {
 namespace {
 
 constexpr int kPreviewLines = 12;
-constexpr ColumnRole kRoles[] = {ColumnRole::Skip,       ColumnRole::AbHalf, ColumnRole::MnHalf,
-                                 ColumnRole::Rhoa,       ColumnRole::Resistance,
-                                 ColumnRole::DeltaV,     ColumnRole::Current, ColumnRole::K};
+constexpr ColumnRole kRoles[] = {ColumnRole::Skip,    ColumnRole::AbHalf,     ColumnRole::MnHalf,
+                                 ColumnRole::Rhoa,    ColumnRole::Resistance, ColumnRole::DeltaV,
+                                 ColumnRole::Current, ColumnRole::K};
 
 const char* role_caption(ColumnRole role) {
   switch (role) {
-    case ColumnRole::AbHalf: return "AB/2";
-    case ColumnRole::MnHalf: return "MN/2";
-    case ColumnRole::Rhoa: return "Rho a";
-    case ColumnRole::Resistance: return "R = DeltaV/I";
-    case ColumnRole::DeltaV: return "DeltaV (mV)";
-    case ColumnRole::Current: return "I (mA)";
-    case ColumnRole::K: return "K";
-    case ColumnRole::Skip: break;
+    case ColumnRole::AbHalf:
+      return "AB/2";
+    case ColumnRole::MnHalf:
+      return "MN/2";
+    case ColumnRole::Rhoa:
+      return "Rho a";
+    case ColumnRole::Resistance:
+      return "R = DeltaV/I";
+    case ColumnRole::DeltaV:
+      return "DeltaV (mV)";
+    case ColumnRole::Current:
+      return "I (mA)";
+    case ColumnRole::K:
+      return "K";
+    case ColumnRole::Skip:
+      break;
   }
   return "-";
 }
@@ -65,8 +74,8 @@ class TableImportDialog : public QDialog {
     auto* form = new QFormLayout;
     delimiter_ = new QComboBox;
     delimiter_->setObjectName(QStringLiteral("Delimiter"));
-    delimiter_->addItems({QStringLiteral("auto"), QStringLiteral(","), QStringLiteral(";"),
-                          QStringLiteral("tab")});
+    delimiter_->addItems(
+        {QStringLiteral("auto"), QStringLiteral(","), QStringLiteral(";"), QStringLiteral("tab")});
     decimal_comma_ = new QCheckBox;
     decimal_comma_->setObjectName(QStringLiteral("DecimalComma"));
     skip_ = new QSpinBox;
@@ -155,7 +164,7 @@ class TableImportDialog : public QDialog {
 
 }  // namespace
 
-void import_table(QWidget* parent, Application& app) {
+void import_table_command(QWidget* parent, Application& app) {
   Session& session = app.session;
   FileDialogRequest request;
   request.filter = "CSV (*.csv;*.txt)|*.csv;*.txt|* (*.*)|*.*";

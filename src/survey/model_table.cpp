@@ -7,15 +7,31 @@
 
 namespace tellux {
 
+namespace {
+
+// A value read from a file in single precision, as the file wrote it ("2.4", not
+// 2.4000000953674316).
+double as_written(double v) {
+  const float f = static_cast<float>(v);
+  if (static_cast<double>(f) != v) return v;
+  char buffer[32];
+  const auto end = std::to_chars(buffer, buffer + sizeof buffer, f).ptr;
+  double tidy = v;
+  std::from_chars(buffer, end, tidy);
+  return tidy;
+}
+
+}  // namespace
+
 std::vector<LayerRow> model_layers(const SoundingState& s) {
   std::vector<LayerRow> rows;
   double depth = 0.0;
   const int last = std::clamp<int>(s.LayerCount, 0, 20);
   for (int i = 1; i <= last; ++i) {
     LayerRow row;
-    row.resistivity = s.LayerModel(i, 1).num();
-    row.thickness = i == last ? 0.0 : s.LayerModel(i, 2).num();
-    row.depth = depth;
+    row.resistivity = as_written(s.LayerModel(i, 1).num());
+    row.thickness = i == last ? 0.0 : as_written(s.LayerModel(i, 2).num());
+    row.depth = as_written(static_cast<float>(depth));
     depth += row.thickness;
     rows.push_back(row);
   }

@@ -1,6 +1,7 @@
 #include "survey/survey_fit.h"
 
 #include <algorithm>
+#include <exception>
 #include <filesystem>
 #include <thread>
 
@@ -57,7 +58,13 @@ std::vector<FittedSounding> fit_survey(const SoundingState& start, const FitChoi
       if (progress && progress->cancel.load()) return;
       const size_t i = next.fetch_add(1);
       if (i >= files.size()) return;
-      results[i] = fit_one(start, choices, files[i]);
+      try {
+        results[i] = fit_one(start, choices, files[i]);
+      } catch (const std::exception& e) {  // no failure of one file may end the others
+        results[i].file = files[i];
+        results[i].messages.push_back(e.what());
+        results[i].errors = 1;
+      }
       if (progress) progress->done.fetch_add(1);
     }
   };

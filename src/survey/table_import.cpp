@@ -159,7 +159,7 @@ TableImport import_table(SoundingState& s, const std::string& content, const Tab
 
   std::vector<Reading> readings;
   for (const TableLine& line : table.rows)
-    if (auto x = read_line(s, line, result.roles, layout.format.decimal_comma, result.messages))
+    if (auto x = read_line(s, line, result.roles, table.decimal_comma, result.messages))
       readings.push_back(*x);
   // Rising AB/2; a repeated spacing keeps the order of its segments.
   std::stable_sort(readings.begin(), readings.end(),

@@ -152,13 +152,27 @@ std::vector<std::string> lines_of(const std::string& content) {
 char guess_delimiter(const std::vector<std::string>& lines, size_t first) {
   const char candidates[] = {'\t', ';', ','};
   int found[3] = {0, 0, 0};
-  for (size_t n = first; n < lines.size() && n < first + 30; ++n)
+  for (size_t n = first; n < lines.size() && n < first + 30; ++n) {
+    if (is_comment(lines[n], ';')) continue;
     for (int k = 0; k < 3; ++k)
       if (lines[n].find(candidates[k]) != std::string::npos) ++found[k];
+  }
   int best = 2;
   for (int k = 1; k >= 0; --k)
     if (found[k] > 0 && found[k] >= found[best]) best = k;
   return candidates[best];
+}
+
+// A cell that is a number only with the decimal comma, on one of the first lines.
+bool has_decimal_comma(const std::vector<std::string>& lines, size_t first, char delimiter) {
+  for (size_t n = first; n < lines.size() && n < first + 30; ++n) {
+    if (is_comment(lines[n], delimiter)) continue;
+    for (const std::string& cell : split(lines[n], delimiter))
+      if (cell.find(',') != std::string::npos && cell_number(cell, true) &&
+          !cell_number(cell, false))
+        return true;
+  }
+  return false;
 }
 
 }  // namespace
@@ -203,12 +217,14 @@ TableText read_table_text(const std::string& content, const TableFormat& format)
   table.delimiter = format.delimiter;
   const size_t first = static_cast<size_t>(std::max(format.skip, 0));
   if (table.delimiter == 0) table.delimiter = guess_delimiter(lines, first);
+  table.decimal_comma = format.decimal_comma || (table.delimiter != ',' &&
+                                                 has_decimal_comma(lines, first, table.delimiter));
   for (size_t n = first; n < lines.size(); ++n) {
     if (is_comment(lines[n], table.delimiter)) continue;
     TableLine line{static_cast<int>(n) + 1, split(lines[n], table.delimiter)};
     // A reading has a spacing and a value at least: one number alone may stand in a title.
     const bool numbers = std::count_if(line.cells.begin(), line.cells.end(), [&](const auto& c) {
-                           return cell_number(c, format.decimal_comma).has_value();
+                           return cell_number(c, table.decimal_comma).has_value();
                          }) >= 2;
     // Before the first reading, a line without numbers is a title; the last one is the header.
     if (!numbers && table.rows.empty())

@@ -34,13 +34,15 @@ struct TableLine {
 
 struct TableText {
   char delimiter = ',';
+  bool decimal_comma = false;       // as asked, or found: cells that are numbers only with it
   std::optional<TableLine> header;  // the last line without numbers before the first reading
   std::vector<TableLine> rows;
 };
 
-// Cuts the text. Lines without a number before the first reading are titles, the last of them the
-// header. Blank lines and comments (lines starting with '#', "//" or ';' when that is not
-// the delimiter) are passed over; a cell may stand in double quotes.
+// Cuts the text. Without a comma between the cells, numbers such as "1,5" mean the decimal comma
+// even when it was not asked for. Lines without a number before the first reading are titles, the
+// last of them the header. Blank lines and comments (lines starting with '#', "//" or ';' when that
+// is not the delimiter) are passed over; a cell may stand in double quotes.
 TableText read_table_text(const std::string& content, const TableFormat& format);
 
 // The number of a cell: blanks around it allowed, the decimal comma when asked for; none for an

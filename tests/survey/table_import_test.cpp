@@ -18,6 +18,7 @@ class TableImportTest : public SheetTest {
     Session writing{record, dialogs, forms};
     record.WorkMode = mode::kFile;
     std::string target = path("rows.TX3");
+    record.FileName = record.FilePath = target;
     EXPECT_TRUE(write_sounding_file(writing, target));
     const std::string text = read("rows.TX3");
     size_t at = 0;
@@ -46,22 +47,28 @@ class TableImportTest : public SheetTest {
 };
 
 TEST_F(TableImportTest, SemicolonsAndDecimalCommaGiveTheSheetsRows) {
-  TableLayout layout;
-  layout.format.decimal_comma = true;
-  const TableImport import = imported("readings_semicolon.csv", layout);
+  // The decimal comma is found: the cells are separated by semicolons.
+  const TableImport import = imported("readings_semicolon.csv");
   ASSERT_TRUE(import.ok);
   EXPECT_EQ(import.messages, std::vector<std::string>{});
   using R = ColumnRole;
-  EXPECT_EQ(import.roles,
-            (std::vector<R>{R::AbHalf, R::MnHalf, R::DeltaV, R::Current, R::Skip}));
-  const std::string expected = rows_typed({{.5, 1.5, 1250.4, 120},  {.5, 2, 640.2, 120},
-                                           {.5, 3, 255.8, 150},     {.5, 4, 118.6, 150},
-                                           {.5, 6, 40.3, 180},      {.5, 8, 17.9, 180},
-                                           {.5, 10, 9.4, 200},      {2, 10, 38.1, 200},
-                                           {2, 15, 14.2, 220},      {2, 20, 7.35, 250},
-                                           {2, 30, 2.98, 250},      {2, 40, 1.66, 300},
-                                           {2, 60, .84, 320},       {10, 60, 4.31, 320},
-                                           {10, 80, 2.62, 350},     {10, 100, 1.85, 400},
+  EXPECT_EQ(import.roles, (std::vector<R>{R::AbHalf, R::MnHalf, R::DeltaV, R::Current, R::Skip}));
+  const std::string expected = rows_typed({{.5, 1.5, 1250.4, 120},
+                                           {.5, 2, 640.2, 120},
+                                           {.5, 3, 255.8, 150},
+                                           {.5, 4, 118.6, 150},
+                                           {.5, 6, 40.3, 180},
+                                           {.5, 8, 17.9, 180},
+                                           {.5, 10, 9.4, 200},
+                                           {2, 10, 38.1, 200},
+                                           {2, 15, 14.2, 220},
+                                           {2, 20, 7.35, 250},
+                                           {2, 30, 2.98, 250},
+                                           {2, 40, 1.66, 300},
+                                           {2, 60, .84, 320},
+                                           {10, 60, 4.31, 320},
+                                           {10, 80, 2.62, 350},
+                                           {10, 100, 1.85, 400},
                                            {10, 150, .97, 450}});
   EXPECT_EQ(rows_written(table), expected);
 }
@@ -71,13 +78,13 @@ TEST_F(TableImportTest, SemicolonsAndDecimalCommaGiveTheSheetsRows) {
 TEST_F(TableImportTest, RepeatedResistancesTakeTheirMeanWithoutTheNegativeOnes) {
   const TableImport import = imported("field_resistances.csv");
   ASSERT_TRUE(import.ok);
-  EXPECT_EQ(import.messages, (std::vector<std::string>{
-                                 "Line 9: reading -2.458 left out (zero or negative)",
-                                 "Line 18: reading -0.0002 left out (zero or negative)",
-                                 "Line 24: reading -0.0141 left out (zero or negative)",
-                                 "Line 24: reading -0.0138 left out (zero or negative)",
-                                 "Line 24: reading 0.0000 left out (zero or negative)",
-                                 "Line 24: reading -0.0139 left out (zero or negative)"}));
+  EXPECT_EQ(import.messages,
+            (std::vector<std::string>{"Line 9: reading -2.458 left out (zero or negative)",
+                                      "Line 18: reading -0.0002 left out (zero or negative)",
+                                      "Line 24: reading -0.0141 left out (zero or negative)",
+                                      "Line 24: reading -0.0138 left out (zero or negative)",
+                                      "Line 24: reading 0.0000 left out (zero or negative)",
+                                      "Line 24: reading -0.0139 left out (zero or negative)"}));
   const auto row = [](double mn, double ab, std::vector<double> r) -> std::array<double, 4> {
     double sum = 0;
     for (double v : r) sum += v;
@@ -113,18 +120,17 @@ TEST_F(TableImportTest, RowsAreSortedAndRolesGivenByName) {
 TEST(TableTitles, UsualSpellingsNameTheirRoles) {
   using R = ColumnRole;
   const std::pair<const char*, std::optional<R>> cases[] = {
-      {"AB/2 (m)", R::AbHalf}, {"ab2", R::AbHalf},     {"MN/2 [m]", R::MnHalf},
-      {"MN", R::MnHalf},       {"Rho_a", R::Rhoa},     {"ρa (Ω.m)", R::Rhoa},
-      {"Resistivity", R::Rhoa}, {"R3 [Ohm]", R::Resistance}, {"V/I", R::Resistance},
-      {"DeltaV (mV)", R::DeltaV}, {"I [mA]", R::Current}, {"K", R::K},
-      {"Note", std::nullopt},  {"", std::nullopt}};
+      {"AB/2 (m)", R::AbHalf},    {"ab2", R::AbHalf},          {"MN/2 [m]", R::MnHalf},
+      {"MN", R::MnHalf},          {"Rho_a", R::Rhoa},          {"ρa (Ω.m)", R::Rhoa},
+      {"Resistivity", R::Rhoa},   {"R3 [Ohm]", R::Resistance}, {"V/I", R::Resistance},
+      {"DeltaV (mV)", R::DeltaV}, {"I [mA]", R::Current},      {"K", R::K},
+      {"Note", std::nullopt},     {"", std::nullopt}};
   for (const auto& [title, role] : cases) EXPECT_EQ(role_from_title(title), role) << title;
 }
 
 TEST(TableImportMessages, AHeaderItCannotReadListsTheColumnsSeen) {
   SoundingState s;
-  const TableImport import =
-      import_table(s, "Depth;Value\n1;2\n3;4\n", TableLayout{}, "t.csv");
+  const TableImport import = import_table(s, "Depth;Value\n1;2\n3;4\n", TableLayout{}, "t.csv");
   EXPECT_FALSE(import.ok);
   ASSERT_EQ(import.messages.size(), 1u);
   EXPECT_NE(import.messages[0].find("Columns seen: \"Depth\", \"Value\""), std::string::npos);
