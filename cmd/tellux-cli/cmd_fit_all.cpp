@@ -57,8 +57,15 @@ Command fit_all_command(CLI::App& root) {
               Cli::complain(o->out_dir + ": " + error.message());
               return 1;
             }
+            // Each worker writes its own soundings as soon as they are fitted.
+            const auto write = [&o](FittedSounding& f) {
+              const std::string out = (fs::path(o->out_dir) / fitted_file_name(f.file)).string();
+              f.failure = write_fitted(f, out);
+              if (f.failure.empty()) f.written = fs::absolute(out).string();
+              f.rms = rms_percent(*f.s);
+            };
             std::vector<FittedSounding> fitted =
-                fit_survey(cli.s, o->fit.choices(), o->files, o->jobs);
+                fit_survey(cli.s, o->fit.choices(), o->files, o->jobs, nullptr, write);
             Json j;
             j["Files"] = Json::array();
             j["Soundings"] = Json::array();
@@ -71,15 +78,12 @@ Command fit_all_command(CLI::App& root) {
               }
               if (!f.unreadable.empty()) Cli::complain(f.file + ": " + f.unreadable);
               if (f.errors > 0 || !f.unreadable.empty()) status = 1;
-              if (!f.s) continue;
-              const std::string out = (fs::path(o->out_dir) / fitted_file_name(f.file)).string();
-              if (const std::string failure = write_fitted(f, out); !failure.empty()) {
-                Cli::complain("cannot write " + failure);
+              if (!f.failure.empty()) {
+                Cli::complain("cannot write " + f.failure);
                 status = 1;
-                continue;
               }
-              f.rms = rms_percent(*f.s);
-              j["Files"].push_back(text(fs::absolute(out).string()));
+              if (f.written.empty()) continue;
+              j["Files"].push_back(text(f.written));
               j["Soundings"].push_back(sounding_json(f));
             }
             if (!o->summary.empty()) {

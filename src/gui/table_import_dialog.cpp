@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QSignalBlocker>
 #include <QSpinBox>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -124,6 +125,10 @@ class TableImportDialog : public QDialog {
   // The cells of the first lines under one role box a column; the roles from the header.
   void fill() {
     const TableText table = read_table_text(content_, format());
+    if (table.decimal_comma && !decimal_comma_->isChecked()) {
+      const QSignalBlocker quiet(decimal_comma_);
+      decimal_comma_->setChecked(true);  // found in the cells
+    }
     size_t columns = table.header ? table.header->cells.size() : 0;
     for (const TableLine& line : table.rows) columns = std::max(columns, line.cells.size());
     const int shown = std::min<int>(static_cast<int>(table.rows.size()), kPreviewLines);

@@ -50,7 +50,8 @@ FittedSounding fit_one(const SoundingState& start, const FitChoices& choices,
 
 std::vector<FittedSounding> fit_survey(const SoundingState& start, const FitChoices& choices,
                                        const std::vector<std::string>& files, int jobs,
-                                       SurveyProgress* progress) {
+                                       SurveyProgress* progress,
+                                       const std::function<void(FittedSounding&)>& then) {
   std::vector<FittedSounding> results(files.size());
   std::atomic<size_t> next{0};
   const auto work = [&] {
@@ -60,6 +61,7 @@ std::vector<FittedSounding> fit_survey(const SoundingState& start, const FitChoi
       if (i >= files.size()) return;
       try {
         results[i] = fit_one(start, choices, files[i]);
+        if (then && results[i].s) then(results[i]);
       } catch (const std::exception& e) {  // no failure of one file may end the others
         results[i].file = files[i];
         results[i].messages.push_back(e.what());

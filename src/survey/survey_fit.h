@@ -4,6 +4,7 @@
 // the workers but the list of files and the counter of the next one, so the result of a
 // sounding does not depend on how many workers there are.
 #include <atomic>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -23,6 +24,8 @@ struct FittedSounding {
   bool fitted = false;                // opened, and a model to fit was there or was built
   double misfit = 0.0;                // `FieldMisfit` of the fitted model
   double rms = 0.0;                   // percent
+  std::string written;                // the file written by the step run after the fit, if any
+  std::string failure;                // "PATH: reason" when that write failed
 };
 
 // What the caller may watch and change while the survey runs, from another thread.
@@ -32,10 +35,13 @@ struct SurveyProgress {
 };
 
 // Fits every file from a copy of `start` (the record as the settings left it). `jobs` below 1
-// means one worker a core. A cancelled survey returns the soundings begun before the cancel.
+// means one worker a core. `then`, when given, runs on the worker for each sounding fitted (to
+// write it, say): it touches that sounding only. A cancelled survey returns the soundings begun
+// before the cancel.
 std::vector<FittedSounding> fit_survey(const SoundingState& start, const FitChoices& choices,
                                        const std::vector<std::string>& files, int jobs,
-                                       SurveyProgress* progress = nullptr);
+                                       SurveyProgress* progress = nullptr,
+                                       const std::function<void(FittedSounding&)>& then = {});
 
 // Writes a fitted sounding to `path` in batch mode (no question). Returns the failure, "PATH:
 // reason", or empty.
