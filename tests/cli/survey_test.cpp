@@ -80,4 +80,19 @@ TEST(ExportModels, PointsAtTheSoundingsPlacesAndNoneWithoutCoordinates) {
   fs::remove_all(dir);
 }
 
+TEST(ConvertTable, RolesByNameAndReadingsLeftOutAreNamed) {
+  const fs::path dir = tellux::testing::fresh_folder("tellux-convert-table-");
+  const std::string table = kSurvey + "field_resistances.csv";
+  auto r = tellux::testing::run_cli(
+      dir, "convert table " + table + " --columns ab2,mn2,r,r,r,r,- " + "--skip 4 --out VES07.TX3");
+  EXPECT_EQ(r.status, 0) << r.err;
+  auto j = nlohmann::json::parse(r.out);
+  EXPECT_EQ(j["FieldCount"], 18);
+  EXPECT_EQ(j["Messages"].size(), 6u);
+  EXPECT_TRUE(fs::exists(dir / "VES07.TX3"));
+  r = tellux::testing::run_cli(dir, "convert table " + table + " --columns ab2,rho");
+  EXPECT_EQ(r.status, 2);
+  fs::remove_all(dir);
+}
+
 }  // namespace

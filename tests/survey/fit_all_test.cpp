@@ -46,6 +46,16 @@ TEST_F(FitAllTest, OneQuestionThenBackupsAndFittedFiles) {
   }
   EXPECT_FALSE(std::filesystem::exists(path("damaged.BAK")));
   EXPECT_EQ(rt::read_whole_file(files[2]), before[2]);
+
+  // "Export models...": the GeoJSON where the dialog says, the CSV beside it.
+  dialogs.messages.clear();
+  dialogs.save_choices.push_back(path("line.geojson"));
+  export_profile_models(session, tab.sheet);
+  EXPECT_NE(read("line.geojson").find("\"coordinates\": ["), std::string::npos);
+  EXPECT_EQ(read("line.csv").substr(0, 9), "File,Name");
+  ASSERT_EQ(dialogs.messages.size(), 1u);
+  EXPECT_EQ(dialogs.messages[0].text.rfind("2 soundings exported to " + path("line.geojson"), 0),
+            0u);
 }
 
 }  // namespace
