@@ -74,6 +74,7 @@ std::optional<double> mean_of(const TableLine& line, const std::vector<ColumnRol
 std::optional<Reading> read_line(const SoundingState& s, const TableLine& line,
                                  const std::vector<ColumnRole>& roles, bool decimal_comma,
                                  std::vector<std::string>& messages) {
+  const size_t told = messages.size();
   bool bad = false;
   const auto mean = [&](ColumnRole role) {
     return mean_of(line, roles, role, decimal_comma, bad, messages);
@@ -116,8 +117,12 @@ std::optional<Reading> read_line(const SoundingState& s, const TableLine& line,
     return std::nullopt;
   }
   if (!(x.rho > 0)) {
-    if (!rhoa && !r && (dv || i))
-      messages.push_back(where + "reading " + number_words(x.rho) + " left out (zero or negative)");
+    // Each line left out is named once: its readings may already have been.
+    if (measured && !rhoa)
+      messages.push_back(where + "resistivity " + number_words(x.rho) +
+                         " left out (zero or negative)");
+    else if (messages.size() == told)
+      messages.push_back(where + "no reading; the line is left out");
     return std::nullopt;
   }
   return x;
