@@ -56,6 +56,23 @@ void add_sensitivity_option(CLI::App* app, double& sensitivity) {
       ->capture_default_str();
 }
 
+void add_fit_options(CLI::App* app, FitOptions& o) {
+  add_array_option(app, o.array);
+  add_decade_start_option(app, o.decade_start);
+  app->add_option("--thickness-decimals", o.thickness_decimals,
+                  "Decimals the fitted thicknesses are rounded to")
+      ->check(CLI::IsMember({0, 1, 2}))
+      ->capture_default_str();
+  add_sensitivity_option(app, o.sensitivity);
+}
+
+FitChoices FitOptions::choices() const {
+  SoundingState s;
+  apply_array(s, array);
+  return {s.Spread, static_cast<int16_t>(decade_start), static_cast<int16_t>(thickness_decimals),
+          sensitivity};
+}
+
 void apply_array(SoundingState& s, const std::string& array) {
   if (array == "dipole") {
     s.Spread = SpreadType::Dipole;
@@ -90,16 +107,6 @@ bool write_tx3(Cli& cli, std::string& path) {
   const std::string& failure = cli.session.file_failure;
   Cli::complain("cannot write " + (failure.empty() ? path : failure));
   return false;
-}
-
-void take_layer_count(SoundingState& s) {
-  s.LayerCount = 20;
-  for (int i = 1; i <= 20; ++i) {
-    if (!(s.LayerModel(i, 2).num() > 0)) {
-      s.LayerCount = static_cast<int16_t>(i);
-      break;
-    }
-  }
 }
 
 std::string text(const std::string& bytes) { return rt::to_utf8(bytes); }

@@ -11,6 +11,7 @@
 #include "core/session.h"
 #include "core/settings.h"
 #include "platform/headless/scripted_dialogs.h"
+#include "survey/fit_sounding.h"
 
 namespace tellux::cli {
 
@@ -56,6 +57,10 @@ Command write_command(CLI::App& root);
 Command plot_command(CLI::App& root);
 Command automodel_command(CLI::App& root);
 Command fit_command(CLI::App& root);
+Command fit_all_command(CLI::App& root);
+Command export_models_command(CLI::App& root);
+// Adds "table" to the command "convert", which must stand before it.
+Command convert_table_command(CLI::App& root);
 Command compute_command(CLI::App& root);
 Command profile_command(CLI::App& root);
 Command colours_command(CLI::App& root);
@@ -97,7 +102,16 @@ bool open_file(Cli& cli, const std::string& path);
 // system's reason on standard error after the program's own message, when it could not.
 bool write_tx3(Cli& cli, std::string& path);
 // The first layer row without a thickness is the half space; rows after it are left out.
-void take_layer_count(SoundingState& s);
+using tellux::take_layer_count;
+// The fit's choices from the options --array, --decade-start, --thickness-decimals and
+// --sensitivity, which `fit` and `fit-all` share.
+struct FitOptions {
+  std::string array = "schlumberger";
+  int decade_start = -1, thickness_decimals = 0;
+  double sensitivity = 0.3;
+  FitChoices choices() const;
+};
+void add_fit_options(CLI::App* app, FitOptions& o);
 
 // Text for the JSON output: valid UTF-8 as it is, anything else read as Windows-1252.
 std::string text(const std::string& bytes);

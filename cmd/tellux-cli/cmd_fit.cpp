@@ -1,6 +1,4 @@
 #include "cli.h"
-#include "model/automatic_model.h"
-#include "model/fit.h"
 #include "model/forward.h"
 
 namespace tellux::cli {
@@ -11,36 +9,24 @@ Command fit_command(CLI::App& root) {
       "Fit the file's model to its field points (the automatic model first when the file has "
       "none) and print the fitted model");
   struct Options {
-    std::string file, array = "schlumberger", out;
-    int decade_start = -1, thickness_decimals = 0;
-    double sensitivity = 0.3;
+    std::string file, out;
+    FitOptions fit;
   };
   auto o = std::make_shared<Options>();
   app->add_option("FILE", o->file, "The sounding file")->required();
-  add_array_option(app, o->array);
-  add_decade_start_option(app, o->decade_start);
-  app->add_option("--thickness-decimals", o->thickness_decimals,
-                  "Decimals the fitted thicknesses are rounded to")
-      ->check(CLI::IsMember({0, 1, 2}))
-      ->capture_default_str();
-  add_sensitivity_option(app, o->sensitivity);
+  add_fit_options(app, o->fit);
   app->add_option("--out", o->out, "Write the sounding with the fitted model to this TX3 file");
   return {app, [o](Cli& cli) {
             SoundingState& s = cli.s;
-            apply_array(s, o->array);
-            s.DecadeStart = static_cast<int16_t>(o->decade_start);
-            s.ThicknessDecimals = static_cast<int16_t>(o->thickness_decimals);
-            if (!open_file(cli, o->file)) return 1;
-            s.ModelSensitivity = o->sensitivity;  // after the read, which sets its own
-            if (!(s.LayerModel(1, 1).num() > 0)) {
-              AutomaticModel(cli.session);
-              if (cli.status() != 0) return cli.status();
+            const FitChoices choices = o->fit.choices();
+            if (const std::string reason = open_for_fit(cli.session, choices, o->file);
+                !reason.empty()) {
+              Cli::complain(o->file + ": " + reason);
+              return 1;
             }
-            take_layer_count(s);
-            s.SuperposeCurve = -1;
-            s.FitMisfit = int16_t{0};
-            ForwardCurve(cli.session);
-            FitModel(cli.session);
+            if (cli.status() != 0) return 1;
+            if (!fit_opened_sounding(cli.session, choices, [&cli] { return cli.status(); }))
+              return cli.status();
             Cell misfit;
             FieldMisfit(s, misfit);
 

@@ -52,12 +52,13 @@ int main(int argc, char** argv) {
   root.add_option("--lang", lang, kLanguageHelp)->check(CLI::IsMember({"E", "F", "S", "A"}));
 
   const std::vector<Command> commands = {
-      open_command(root),          settings_command(root),   forward_command(root),
-      write_command(root),         compute_command(root),    automodel_command(root),
-      fit_command(root),           plot_command(root),       profile_command(root),
-      colours_command(root),       extract_command(root),    report_command(root),
-      section_command(root),       convert_command(root),    restore_command(root),
-      rename_backup_command(root), export_txl_command(root),
+      open_command(root),          settings_command(root),      forward_command(root),
+      write_command(root),         compute_command(root),       automodel_command(root),
+      fit_command(root),           plot_command(root),          profile_command(root),
+      colours_command(root),       extract_command(root),       report_command(root),
+      section_command(root),       convert_command(root),       restore_command(root),
+      rename_backup_command(root), export_txl_command(root),    fit_all_command(root),
+      export_models_command(root), convert_table_command(root),
   };
   if (const char* word = unknown_command(root, argc, argv)) {
     std::fprintf(stderr,
@@ -70,7 +71,9 @@ int main(int argc, char** argv) {
   } catch (const CLI::ParseError& e) {
     return root.exit(e) == 0 ? 0 : 2;
   }
-  for (const Command& command : commands) {
+  // Backwards: a command nested in another (convert table) stands after it and runs instead.
+  for (auto it = commands.rbegin(); it != commands.rend(); ++it) {
+    const Command& command = *it;
     if (!command.app->parsed()) continue;
     Cli cli;
     load_settings(cli.s, cli.settings);

@@ -21,6 +21,7 @@
 #include "gui/setup_widget.h"
 #include "gui/sheet_widget.h"
 #include "gui/splash_window.h"
+#include "gui/survey_commands_view.h"
 #include "gui/toolbar_icons.h"
 #include "gui/toolkit_language.h"
 #include "plot/bilog_frame.h"
@@ -79,6 +80,7 @@ MainWindow::MainWindow(Application& app, QtDrawingSurface& bilog, QtForms& forms
   tabs_->addTab(print_, QString::fromUtf8(kTabCaptions[2]));
   tabs_->addTab(setup_, QString::fromUtf8(kTabCaptions[3]));
   tabs_->addTab(profile_, QString::fromUtf8(kTabCaptions[4]));
+  add_survey_buttons(*profile_, app_, [this] { refresh(); });
   section_ = new PrintWidget(app_.section, app_.VSPrint1);
   section_->setObjectName(QStringLiteral("SEVProfile"));
   section_->on_changed = [this] { refresh(); };

@@ -15,6 +15,7 @@
 #include "convert/syscal.h"
 #include "gui/main_window.h"
 #include "gui/r2di_dialog.h"
+#include "gui/survey_commands_view.h"
 #include "gui/toolbar_icons.h"
 #include "gui/toolkit_language.h"
 #include "platform/qt/qt_page_painter.h"
@@ -86,6 +87,8 @@ void MainWindow::build_menu() {
   add(file, "HORSLICE", "Extraction for SURFER",
       [this] { HORSLICE(app_.session, show_extraction_form); });
   add(file, "xlsave", "Save for &XL", [this] { export_txl(app_.session); });
+  add(file, "ImportTable", import_table_caption(app_),
+      [this] { import_table_command(this, app_); });
   QMenu* convert = file->addMenu(QStringLiteral("&Conversions"));
   convert->setObjectName(QStringLiteral("Nconvert"));
   const std::pair<const char*, const char*> converters[] = {{"Sheet", "&Multiple soundings sheet"},

@@ -81,6 +81,7 @@ QWidget* ProfileWidget::build_table_side() {
   connect(command2_, &QPushButton::clicked, this,
           [this] { run([this] { tab_.sheet.Command2_Click(); }); });
   auto* top = new QHBoxLayout;
+  top->setObjectName(QStringLiteral("SurveyCommands"));
   top->addWidget(command2_);
   top->addStretch(1);
   column->addLayout(top);
