@@ -56,6 +56,11 @@ void add_sensitivity_option(CLI::App* app, double& sensitivity) {
       ->capture_default_str();
 }
 
+void add_accurate_option(CLI::App* app, bool& accurate) {
+  app->add_flag("--accurate", accurate,
+                "Use the accurate curves (option \"Accurate curves\"), whatever the settings say");
+}
+
 void apply_array(SoundingState& s, const std::string& array) {
   if (array == "dipole") {
     s.Spread = SpreadType::Dipole;

@@ -14,6 +14,7 @@ Command fit_command(CLI::App& root) {
     std::string file, array = "schlumberger", out;
     int decade_start = -1, thickness_decimals = 0;
     double sensitivity = 0.3;
+    bool accurate = false;
   };
   auto o = std::make_shared<Options>();
   app->add_option("FILE", o->file, "The sounding file")->required();
@@ -24,6 +25,7 @@ Command fit_command(CLI::App& root) {
       ->check(CLI::IsMember({0, 1, 2}))
       ->capture_default_str();
   add_sensitivity_option(app, o->sensitivity);
+  add_accurate_option(app, o->accurate);
   app->add_option("--out", o->out, "Write the sounding with the fitted model to this TX3 file");
   return {app, [o](Cli& cli) {
             SoundingState& s = cli.s;
@@ -32,6 +34,7 @@ Command fit_command(CLI::App& root) {
             s.ThicknessDecimals = static_cast<int16_t>(o->thickness_decimals);
             if (!open_file(cli, o->file)) return 1;
             s.ModelSensitivity = o->sensitivity;  // after the read, which sets its own
+            if (o->accurate) s.AccurateCurves = true;
             if (!(s.LayerModel(1, 1).num() > 0)) {
               AutomaticModel(cli.session);
               if (cli.status() != 0) return cli.status();

@@ -5,6 +5,7 @@
 
 #include "core/runtime/arithmetic.h"
 #include "core/runtime/discipline.h"
+#include "model/filter_error.h"
 #include "model/transform_cache.h"
 
 namespace tellux {
@@ -87,7 +88,7 @@ class Run {
     for (;;) {
       if (!(row_test(s_.ModelCurveLast) < end)) return;
       const int i = ++s_.ModelCurveLast;
-      const double r = filter(i);
+      const double r = accurate_ ? accurate_->row(i, filter(i)) : filter(i);
       if (draws_) ss_.curve->segment(i + 1, r);
       s_.ModelCurve(i, 1) = r;
       s_.ModelCurve(i, 2) = i < TransformCache::kMaxRows ? cache_.spacing(i) : 0.0;
@@ -101,6 +102,9 @@ class Run {
     return cache_.samples(s_.Spread, s_.DecadeStart, first_x, l_.rho, l_.thickness, l_.count, slots,
                           failed);
   }
+
+  // The rows take their values through `rows` (the accurate curve and the filter's error).
+  void use(AccurateRows* rows) { accurate_ = rows; }
 
   // Eight samples per decade on a sliding window of 35, every second one weighted: one new
   // sample per row after 34 of priming.
@@ -160,6 +164,7 @@ class Run {
   const Layers& l_;
   double* S_;
   TransformCache& cache_;
+  AccurateRows* accurate_ = nullptr;
   bool draws_ = false;
 };
 
@@ -188,6 +193,8 @@ void ForwardCurve(Session& session) {
     // The abscissas and layer terms are kept between runs (a pure memo of this thread's runs).
     static thread_local TransformCache cache;
     Run run(session, layers, cache);
+    AccurateRows accurate(s, run.row_count(end));
+    run.use(&accurate);
     switch (s.Spread) {
       case SpreadType::Schlumberger:
         run.schlumberger(end, first_x);
@@ -199,6 +206,7 @@ void ForwardCurve(Session& session) {
         run.dipole(end);
         break;
     }
+    accurate.finish(s, s.ModelCurveLast);
     if (s.WorkMode == mode::kFile) return;  // the file-loading flow sets the pointer itself
     if (s.FitMisfit.num() == 0.0 && session.curve) {
       if (s.ShowErrorCurve == 1) session.curve->error_curve();
