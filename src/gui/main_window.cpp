@@ -22,6 +22,7 @@
 #include "convert/multi_sheet.h"
 #include "convert/res2dinv.h"
 #include "convert/syscal.h"
+#include "gui/equivalence_dialog.h"
 #include "gui/extraction_dialog.h"
 #include "gui/grid_view.h"
 #include "gui/print_widget.h"
@@ -33,6 +34,7 @@
 #include "gui/splash_window.h"
 #include "gui/toolbar_icons.h"
 #include "platform/qt/qt_page_painter.h"
+#include "model/filter_error.h"
 #include "plot/bilog_frame.h"
 
 namespace tellux {
@@ -143,6 +145,7 @@ MainWindow::MainWindow(Application& app, QtDrawingSurface& bilog, QtForms& forms
   wire_forms();
   model_view_ = make_model_window_view(app_.model, this);
   model_view_->on_action = [this] { refresh(); };
+  model_view_->on_equivalence = [this] { show_equivalence(); };
   model_view_->set_dock(bilog_page_);
   model_view_->on_dock_changed = [this] { apply_layout(); };
   connect_model_window(forms_, app_.model, *model_view_);
@@ -272,6 +275,7 @@ void MainWindow::build_menu() {
     else
       show_model_window();
   });
+  add(calcul, "NEquivalence", "Equivalence...", [this] { show_equivalence(); });
 
   QMenu* util = bar->addMenu(QStringLiteral("&Utility"));
   util->setObjectName(QStringLiteral("Nutil"));
@@ -408,6 +412,7 @@ void MainWindow::refresh() {
   refreshing_ = true;
   MainForm& main = app_.main;
   text1_->setText(q(main.Text1.Text));
+  if (const std::string hint = filter_error_hint(app_.s); !hint.empty()) text1_->setText(q(hint));
   name_box_->setText(q(main.NameBox.Text));
   text3_->setText(q(main.Text3.Text));
   text4_->setText(q(main.Text4.Text));

@@ -207,6 +207,12 @@ ModelWindowView::ModelWindowView(ModelWindow& window, QWidget* parent)
           [this](const QString& text) { window_.boxes().Comment.Text = text.toStdString(); });
   frame_layout->addWidget(comment_);
   layout->addWidget(frame1_);
+  auto* equivalence = new QPushButton(QStringLiteral("Equivalence..."), this);
+  equivalence->setObjectName(QStringLiteral("Equivalence"));
+  connect(equivalence, &QPushButton::clicked, this, [this] {
+    if (on_equivalence) on_equivalence();
+  });
+  layout->addWidget(equivalence);
 
   window_.set_display(this);
   refresh();

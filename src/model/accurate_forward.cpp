@@ -39,6 +39,7 @@ Filter filter(SpreadType spread) {
 // at both ends, so the weights' finite reach loses nothing.
 struct Limits {
   double top = 0, bottom = 0, b = 0;
+  double negligible = INFINITY;  // lambda beyond which the remainder is below 1e-17 of a contrast
 };
 
 Limits limits(const Earth& e) {
@@ -48,7 +49,10 @@ Limits limits(const Earth& e) {
   double depth = 0;
   for (int i = e.layers - 2; i >= 0; --i) {
     depth += e.thickness[i];
-    if (e.thickness[i] > 0) l.top = e.rho[i];  // a layer of no thickness is transparent
+    if (e.thickness[i] > 0) {
+      l.top = e.rho[i];  // a layer of no thickness is transparent
+      l.negligible = 20 / e.thickness[i];
+    }
   }
   l.b = 2 * depth;
   return l;
@@ -68,10 +72,10 @@ double closed_form(SpreadType spread, double s, const Limits& l) {
 double remainder(const Earth& e, const Limits& l, double lambda) {
   double R = e.rho[e.layers - 1];
   for (int i = e.layers - 2; i >= 0; --i) {
+    // (R + r t) / (1 + R t / r) with t = tanh(lambda h) = (1 - x) / (1 + x): one division.
     const double x = std::exp(-2 * lambda * e.thickness[i]);
-    const double t = (1 - x) / (1 + x);
     const double r = e.rho[i];
-    R = (R + r * t) / (1 + R * t / r);
+    R = r * (R * (1 + x) + r * (1 - x)) / (r * (1 + x) + R * (1 - x));
   }
   return R - l.top - (l.bottom - l.top) * std::exp(-l.b * lambda);
 }
@@ -100,8 +104,10 @@ bool accurate_curve(SpreadType spread, const Earth& e, int decade_start, int row
   r.resize(static_cast<size_t>(samples));
   const double s0 = std::pow(10.0, decade_start);
   const int first = f.first - shift;
-  for (int m = 0; m < samples; ++m)
-    r[static_cast<size_t>(m)] = remainder(e, l, std::exp((first + m) * kStep) / s0);
+  const double ratio = std::exp(kStep);
+  double lambda = std::exp(first * kStep) / s0;
+  for (int m = 0; m < samples; ++m, lambda *= ratio)
+    r[static_cast<size_t>(m)] = lambda > l.negligible ? 0.0 : remainder(e, l, lambda);
   for (int i = 0; i < rows; ++i) {
     const double* sample = r.data() + shift - i * kAccuratePerRow;
     double sum = 0;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 
 #include "model/accurate_forward.h"
 
@@ -31,6 +32,18 @@ void AccurateRows::finish(SoundingState& s, int last) const {
   s.FilterErrorPercent =
       rows_ == 0 ? 0.0
                  : filter_error_percent(short_.data(), accurate_.data(), std::min(last, rows_ - 1));
+}
+
+std::string filter_error_hint(const SoundingState& s) {
+  if (s.AccurateCurves || !(s.FilterErrorPercent > 1.0)) return {};
+  char percent[32];
+  std::snprintf(percent, sizeof percent, "%.1f %%", s.FilterErrorPercent);
+  return pick(s.Language, "La courbe calculée s'écarte jusqu'à ",
+              "La curva calculada se aparta hasta ", "The computed curve is off by up to ") +
+         std::string(percent) +
+         pick(s.Language, " sur ce modèle : voir Configuration, \"Courbes précises\".",
+              " en este modelo: ver Configuración, \"Curvas precisas\".",
+              " on this model: see Setup, \"Accurate curves\".");
 }
 
 double filter_error_percent(const double* short_rows, const double* accurate_rows, int last) {

@@ -4,6 +4,7 @@
 // largest difference in `FilterErrorPercent`. With the option "Accurate curves" on, the rows
 // take the accurate values instead (then in the fit's runs too).
 #include <array>
+#include <string>
 
 #include "core/sounding_state.h"
 
@@ -36,6 +37,10 @@ class AccurateRows {
 // The accurate curve of the model in `LayerModel` on rows 0..rows-1 of the diagram's grid;
 // false for a model it cannot compute (no layer, a resistivity of 0).
 bool accurate_model_curve(const SoundingState& s, int rows, double* out);
+
+// The status line's word when the last curve is more than 1 % off and the option is off: by how
+// much, and where the option is; empty otherwise.
+std::string filter_error_hint(const SoundingState& s);
 
 // The largest |short - accurate| / accurate over rows 0..last, in percent.
 double filter_error_percent(const double* short_rows, const double* accurate_rows, int last);

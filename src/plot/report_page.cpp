@@ -12,6 +12,7 @@
 #include "plot/bilog_frame.h"
 #include "plot/bilog_scale.h"
 #include "plot/bilog_view.h"
+#include "plot/equivalence_band.h"
 
 namespace tellux {
 
@@ -437,6 +438,7 @@ void DrawBilogPage(Session& session, PageDocument& page, const std::string& Repo
   }
   location_line(s, page, B);
   skip([&] { model_table(session, page, B); });
+  skip([&] { report_accuracy_and_equivalence(s, page); });
   if (page.CurrentY < PH - page.MarginBottom - mm(10))
     write_at(page, s.PlotOriginX, PH - page.MarginBottom - mm(10), s.CommentText);
   page.HdrFontBold = true;

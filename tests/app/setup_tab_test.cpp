@@ -120,8 +120,10 @@ TEST_F(SetupTabTest, RedrawReadsTheRangesBackAsValuesAndExponents) {
   tab.Combo5.ListIndex(2);
   tab.represent_modele.Value = 0;
   tab.garder_config.Value = 1;
+  tab.accurate_curves.Value = 1;
   tab.Option_Click(1);
   tab.Command11_Click();
+  EXPECT_TRUE(s.AccurateCurves);
   EXPECT_EQ(s.AB2min, 0);
   EXPECT_EQ(s.AB2max, 1000);
   EXPECT_EQ(s.RHOmax, 1000000);

@@ -155,9 +155,12 @@ TEST_F(FilterErrorTest, TellsTheShortFiltersErrorAndTheOptionReplacesTheRows) {
       EXPECT_NEAR(s.FilterErrorPercent, measured, 0.2 * measured) << m.name;
     }
   }
+  run(models()[0], SpreadType::Schlumberger);
+  EXPECT_NE(filter_error_hint(s).find("see Setup, \"Accurate curves\""), std::string::npos);
   s.AccurateCurves = true;
   run(models()[0], SpreadType::Schlumberger);
   EXPECT_GT(s.FilterErrorPercent, 20.0);
+  EXPECT_EQ(filter_error_hint(s), "");
   double exact[40];
   ASSERT_TRUE(accurate_model_curve(s, s.ModelCurveLast + 1, exact));
   for (int i = 0; i <= s.ModelCurveLast; ++i) EXPECT_EQ(s.ModelCurve(i, 1).num(), exact[i]);
