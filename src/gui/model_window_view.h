@@ -72,6 +72,7 @@ class ModelWindowView : public QWidget, public ModelWindowDisplay {
   QSlider* slider1_ = nullptr;
   QGroupBox* frame1_ = nullptr;
   QLineEdit* comment_ = nullptr;
+  QPushButton* equivalence_ = nullptr;
   bool refreshing_ = false;
   QWidget* dock_ = nullptr;
   QWidget* dock_bar_ = nullptr;

@@ -124,7 +124,7 @@ void report_accuracy_and_equivalence(const SoundingState& s, PageDocument& page)
     for (const std::string& cell : row) text += cell + "|";
     text.back() = ';';
     if (first)
-      page.AddTable(">+600|<+3200|>+1300|>+1300|>+1300;", header, text);
+      page.AddTable("^+900|<+3300|>+1300|>+1300|>+1300;", header, text);
     else
       page.AddTable("", "", text, true);
     first = false;
