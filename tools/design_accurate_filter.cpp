@@ -19,8 +19,8 @@ namespace {
 constexpr int kPerRow = 3;  // samples per curve row (eight rows a decade)
 const double kStep = std::log(10.0) / 8 / kPerRow;
 // Below kMinU the weights fall as u^3 (Schlumberger, Wenner) but only as u (dipole), whose range
-// therefore starts lower; above kMaxU they are below 1e-9 for all three.
-constexpr double kMinU[3] = {1e-4, 1e-4, 1e-10};
+// therefore starts four decades lower; above kMaxU they are below 1e-9 for all three.
+constexpr double kMinU[3] = {1e-4, 1e-4, 1e-8};
 constexpr double kMaxU = 1e3;
 constexpr int kPrefilterReach = 25;  // the inverse of the sampled spline decays as 0.43^k
 
