@@ -66,6 +66,8 @@ void share_out(const SoundingState& s, int jobs, int count, int done_before, int
                std::vector<std::unique_ptr<DeviationMisfit>>& misfits,
                const EquivalenceProgress& progress, std::atomic<bool>& cancel, Work work) {
   std::atomic<int> done{0};
+  if (progress && !progress(done_before, total)) cancel = true;  // told once before any work
+  if (cancel.load()) return;
   while (static_cast<int>(misfits.size()) < jobs)
     misfits.push_back(std::make_unique<DeviationMisfit>(s));
   std::vector<std::thread> threads;

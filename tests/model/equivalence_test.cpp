@@ -119,6 +119,14 @@ TEST_F(EquivalenceTest, LocksHoldAndATooLowThresholdIsSaid) {
   EquivalenceResult r = analyse_equivalence(s, {});
   EXPECT_DOUBLE_EQ(r.ranges[1][0].first, 5);
   EXPECT_DOUBLE_EQ(r.ranges[1][0].second, 5);
+  // Cancelled at the first word of progress: the ranges found so far, said so.
+  int calls = 0;
+  r = analyse_equivalence(s, {}, [&](int done, int total) {
+    EXPECT_LT(done, total);
+    return ++calls > 1;
+  });
+  EXPECT_TRUE(r.cancelled);
+  EXPECT_EQ(r.messages.back(), "Cancelled: the ranges are those found so far.");
   EquivalenceOptions low;
   low.threshold = r.best_rms / 2;
   r = analyse_equivalence(s, low);
