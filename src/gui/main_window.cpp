@@ -33,8 +33,8 @@
 #include "gui/sheet_widget.h"
 #include "gui/splash_window.h"
 #include "gui/toolbar_icons.h"
-#include "platform/qt/qt_page_painter.h"
 #include "model/filter_error.h"
+#include "platform/qt/qt_page_painter.h"
 #include "plot/bilog_frame.h"
 
 namespace tellux {
@@ -412,7 +412,8 @@ void MainWindow::refresh() {
   refreshing_ = true;
   MainForm& main = app_.main;
   text1_->setText(q(main.Text1.Text));
-  if (const std::string hint = filter_error_hint(app_.s); !hint.empty()) text1_->setText(q(hint));
+  if (const std::string hint = filter_error_hint(app_.s); !hint.empty())
+    text1_->setText(q(hint)), text1_->setCursorPosition(0), text1_->setToolTip(q(hint));
   name_box_->setText(q(main.NameBox.Text));
   text3_->setText(q(main.Text3.Text));
   text4_->setText(q(main.Text4.Text));

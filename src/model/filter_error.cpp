@@ -38,12 +38,11 @@ std::string filter_error_hint(const SoundingState& s) {
   if (s.AccurateCurves || !(s.FilterErrorPercent > 1.0)) return {};
   char percent[32];
   std::snprintf(percent, sizeof percent, "%.1f %%", s.FilterErrorPercent);
-  return pick(s.Language, "La courbe calculée s'écarte jusqu'à ",
-              "La curva calculada se aparta hasta ", "The computed curve is off by up to ") +
+  return pick(s.Language, "Courbe fausse jusqu'à ", "Curva errónea hasta ", "Curve off by up to ") +
          std::string(percent) +
-         pick(s.Language, " sur ce modèle : voir Configuration, \"Courbes précises\".",
-              " en este modelo: ver Configuración, \"Curvas precisas\".",
-              " on this model: see Setup, \"Accurate curves\".");
+         pick(s.Language, " sur ce modèle : voir \"Courbes précises\" (Configuration)",
+              " en este modelo: ver \"Curvas precisas\" (Configuración)",
+              " on this model: see \"Accurate curves\" (Setup)");
 }
 
 double filter_error_percent(const double* short_rows, const double* accurate_rows, int last) {

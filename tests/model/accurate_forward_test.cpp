@@ -156,7 +156,7 @@ TEST_F(FilterErrorTest, TellsTheShortFiltersErrorAndTheOptionReplacesTheRows) {
     }
   }
   run(models()[0], SpreadType::Schlumberger);
-  EXPECT_NE(filter_error_hint(s).find("see Setup, \"Accurate curves\""), std::string::npos);
+  EXPECT_NE(filter_error_hint(s).find("see \"Accurate curves\" (Setup)"), std::string::npos);
   s.AccurateCurves = true;
   run(models()[0], SpreadType::Schlumberger);
   EXPECT_GT(s.FilterErrorPercent, 20.0);
