@@ -1,9 +1,11 @@
 #include "model/transform_cache.h"
 
-#include <emmintrin.h>  // two doubles at a time; part of every x86-64 processor
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#if defined(__SSE2__)
+#include <emmintrin.h>  // two doubles at a time; every x86-64 processor has it
+#endif
 
 namespace tellux {
 
@@ -33,11 +35,13 @@ bool to_single(double v, float& out) {
 
 bool same_bits(double a, double b) { return std::memcmp(&a, &b, sizeof a) == 0; }
 
+#if defined(__SSE2__)
 // Bit i set when lane i is not finite (x - x is 0 for a finite x only).
 int not_finite(__m128d x) {
   const __m128d d = _mm_sub_pd(x, x);
   return _mm_movemask_pd(_mm_cmpneq_pd(d, _mm_setzero_pd()));
 }
+#endif
 
 // The tanh of a layer from e = exp(u), as (e - 1/e) / (e + 1/e); false when it is not finite
 // (e of 0: 1/e divides by zero).
@@ -116,6 +120,7 @@ void TransformCache::extend(LayerTerms& layer, int slots) {
   // ... then the tanh, two at a time where both are wanted: the same operations, so the same
   // bits, with the divisions of two samples in one instruction.
   int k = layer.computed;
+#if defined(__SSE2__)
   const __m128d one = _mm_set1_pd(1.0);
   for (; k + 1 < slots; k += 2) {
     if (term[k] == kTanh && term[k + 1] == kTanh) {
@@ -131,7 +136,9 @@ void TransformCache::extend(LayerTerms& layer, int slots) {
         if (term[j] == kTanh && !tanh_of(t[j], t[j])) term[j] = kFailed;
     }
   }
-  if (k < slots && term[k] == kTanh && !tanh_of(t[k], t[k])) term[k] = kFailed;
+#endif
+  for (; k < slots; ++k)
+    if (term[k] == kTanh && !tanh_of(t[k], t[k])) term[k] = kFailed;
   if (slots > layer.computed) layer.computed = slots;
 }
 
@@ -171,8 +178,9 @@ const double* TransformCache::samples(SpreadType spread, int decade_start, float
     };
     // Two samples at a time where both take the recurrence: the same operations in the same
     // order, so the same bits.
-    const __m128d rv = _mm_set1_pd(r), one = _mm_set1_pd(1.0);
     int k = 0;
+#if defined(__SSE2__)
+    const __m128d rv = _mm_set1_pd(r), one = _mm_set1_pd(1.0);
     for (; k + 1 < usable; k += 2) {
       if (term[k] != kTanh || term[k + 1] != kTanh) {
         one_sample(k), one_sample(k + 1);
@@ -185,7 +193,8 @@ const double* TransformCache::samples(SpreadType spread, int decade_start, float
       const int bad = not_finite(q) | not_finite(next);
       if (bad) first_failed = std::min(first_failed, bad & 1 ? k : k + 1);
     }
-    if (k < usable) one_sample(k);
+#endif
+    for (; k < usable; ++k) one_sample(k);
   }
   return R;
 }
