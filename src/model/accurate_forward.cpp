@@ -71,13 +71,15 @@ double closed_form(SpreadType spread, double s, const Limits& l) {
 // T(lambda) less its closed-form part, by the recurrence from the half space up.
 double remainder(const Earth& e, const Limits& l, double lambda) {
   double R = e.rho[e.layers - 1];
+  double joint = 1;  // exp(-b lambda), b being twice the depth: the product of the layers' x
   for (int i = e.layers - 2; i >= 0; --i) {
     // (R + r t) / (1 + R t / r) with t = tanh(lambda h) = (1 - x) / (1 + x): one division.
     const double x = std::exp(-2 * lambda * e.thickness[i]);
     const double r = e.rho[i];
     R = r * (R * (1 + x) + r * (1 - x)) / (r * (1 + x) + R * (1 - x));
+    joint *= x;
   }
-  return R - l.top - (l.bottom - l.top) * std::exp(-l.b * lambda);
+  return R - l.top - (l.bottom - l.top) * joint;
 }
 
 }  // namespace
