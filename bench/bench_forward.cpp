@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include "core/session.h"
+#include "model/filter_error.h"
 #include "model/forward.h"
 #include "platform/headless/recording_forms.h"
 #include "platform/headless/scripted_dialogs.h"
@@ -29,6 +30,9 @@ void set_up(SoundingState& s, SpreadType spread, int layers) {
     depth *= 2.5;
   }
   s.LayerCount = static_cast<int16_t>(layers);
+  // As in a fit's runs: the short filter alone. Outside a fit each curve also computes the
+  // accurate one for FilterErrorPercent, timed below as BM_AccurateCurveNewModel.
+  s.FitMisfit = 1.0;
 }
 
 void BM_ForwardCurve(benchmark::State& state, SpreadType spread) {
@@ -62,6 +66,28 @@ void BM_ForwardCurveNewModel(benchmark::State& state, SpreadType spread) {
     benchmark::DoNotOptimize(s.ModelCurve(s.ModelCurveLast, 1));
   }
 }
+
+// The accurate curve of a new model on the same rows (35 rows of AB/2 0.1 m to 1.8 km).
+void BM_AccurateCurveNewModel(benchmark::State& state, SpreadType spread) {
+  SoundingState s;
+  const int layers = static_cast<int>(state.range(0));
+  set_up(s, spread, layers);
+  bool grow = true;
+  double out[AccurateRows::kRows];
+  for (auto _ : state) {
+    grow = !grow;
+    for (int i = 1; i < layers; ++i)
+      s.LayerModel(i, 2) = grow ? s.LayerModel(i, 2).num() * 1.01 : s.LayerModel(i, 2).num() / 1.01;
+    accurate_model_curve(s, 35, out);
+    benchmark::DoNotOptimize(out[34]);
+  }
+}
+
+BENCHMARK_CAPTURE(BM_AccurateCurveNewModel, schlumberger, SpreadType::Schlumberger)
+    ->Arg(5)
+    ->Arg(20);
+BENCHMARK_CAPTURE(BM_AccurateCurveNewModel, wenner, SpreadType::Wenner)->Arg(5);
+BENCHMARK_CAPTURE(BM_AccurateCurveNewModel, dipole, SpreadType::Dipole)->Arg(5);
 
 BENCHMARK_CAPTURE(BM_ForwardCurveNewModel, schlumberger, SpreadType::Schlumberger)
     ->Arg(3)

@@ -64,13 +64,19 @@ void add_fit_options(CLI::App* app, FitOptions& o) {
       ->check(CLI::IsMember({0, 1, 2}))
       ->capture_default_str();
   add_sensitivity_option(app, o.sensitivity);
+  add_accurate_option(app, o.accurate);
 }
 
 FitChoices FitOptions::choices() const {
   SoundingState s;
   apply_array(s, array);
   return {s.Spread, static_cast<int16_t>(decade_start), static_cast<int16_t>(thickness_decimals),
-          sensitivity};
+          sensitivity, accurate};
+}
+
+void add_accurate_option(CLI::App* app, bool& accurate) {
+  app->add_flag("--accurate", accurate,
+                "Use the accurate curves (option \"Accurate curves\"), whatever the settings say");
 }
 
 void apply_array(SoundingState& s, const std::string& array) {

@@ -71,6 +71,7 @@ Command convert_command(CLI::App& root);
 Command restore_command(CLI::App& root);
 Command rename_backup_command(CLI::App& root);
 Command export_txl_command(CLI::App& root);
+Command equivalence_command(CLI::App& root);
 
 // The record as `open` prints it, with the messages shown.
 void print_record(Cli& cli);
@@ -88,6 +89,8 @@ void select_profile(Cli& cli, const ProfileOptions& o, ProfileTab& tab);
 void add_array_option(CLI::App* app, std::string& array);
 void add_decade_start_option(CLI::App* app, int& decade_start);
 void add_sensitivity_option(CLI::App* app, double& sensitivity);
+// "--accurate": the option "Accurate curves" on for this run, whatever the settings file says.
+void add_accurate_option(CLI::App* app, bool& accurate);
 // The spread chosen by "--array schlumberger|dipole|wenner", as the array buttons set it.
 void apply_array(SoundingState& s, const std::string& array);
 
@@ -109,6 +112,7 @@ struct FitOptions {
   std::string array = "schlumberger";
   int decade_start = -1, thickness_decimals = 0;
   double sensitivity = 0.3;
+  bool accurate = false;
   FitChoices choices() const;
 };
 void add_fit_options(CLI::App* app, FitOptions& o);

@@ -8,6 +8,7 @@
 #include <QPdfWriter>
 
 #include "cli.h"
+#include "model/equivalence_store.h"
 #include "model/forward.h"
 #include "model/layer_depths.h"
 #include "pictures.h"
@@ -25,7 +26,7 @@ namespace {
 struct ReportOptions {
   std::string file, array = "schlumberger", paper = "a4", page_twips, margins;
   std::string pdf, svg, png, ops;
-  bool landscape = false, steps = false, errors = false, direct = false;
+  bool landscape = false, steps = false, errors = false, direct = false, equivalence = false;
 };
 
 // "A,B" or "A,B,C,D" as numbers; a wrong list is a usage error.
@@ -110,6 +111,7 @@ int report(Cli& cli, const ReportOptions& o) {
     s.WorkMode = mode::kNormal;
     ForwardCurve(cli.session);
     s.WorkMode = "";
+    if (o.equivalence) keep_equivalence(analyse_equivalence(s, {}));
   }
   if (o.direct) {
     if (o.pdf.empty()) throw UsageError{"--direct writes the printer's sheets to --pdf OUT"};
@@ -165,6 +167,8 @@ Command report_command(CLI::App& root) {
                   "Margins L,T,R,B in twips (default: the settings' section \"Marge\")");
   app->add_flag("--steps", o->steps, "Draw the model's staircase");
   app->add_flag("--errors", o->errors, "Draw the error curve");
+  app->add_flag("--equivalence", o->equivalence,
+                "Run the equivalence analysis first: its table, and its band with --steps");
   app->add_option("--pdf", o->pdf, "Write every page to one PDF");
   app->add_option("--svg", o->svg, "Write page 1 as SVG (OUT-2.svg ... for further pages)");
   app->add_option("--png", o->png, "Write page 1 as PNG at 100 dpi (OUT-2.png ... further)");

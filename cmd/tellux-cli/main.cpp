@@ -57,8 +57,8 @@ int main(int argc, char** argv) {
       fit_command(root),           plot_command(root),          profile_command(root),
       colours_command(root),       extract_command(root),       report_command(root),
       section_command(root),       convert_command(root),       restore_command(root),
-      rename_backup_command(root), export_txl_command(root),    fit_all_command(root),
-      export_models_command(root), convert_table_command(root),
+      rename_backup_command(root), export_txl_command(root),    equivalence_command(root),
+      fit_all_command(root),       export_models_command(root), convert_table_command(root),
   };
   if (const char* word = unknown_command(root, argc, argv)) {
     std::fprintf(stderr,

@@ -65,6 +65,7 @@ class ModelWindow : public ModelWindowActions {
  public:
   // `Bilog` is the diagram the frame is redrawn on; `boxes` are the main form's text boxes.
   ModelWindow(Session& session, DrawingSurface& Bilog, MainFormBoxes boxes);
+  const LanguageFlags& language() const { return session_.s.Language; }
 
   // Controls. `Grid1`: row 0 heads, rows 1 to 20 layers; columns resistivity, thickness, depth,
   // altitude. Every number in it is its text followed by two blanks.

@@ -69,12 +69,14 @@ void SetupTab::set_captions() {
   RMSB.Caption = t("Représentation graphique de l'erreur d'ajustement",
                    "Representación gráfica de los errores de ajuste",
                    "Graphic representation of adjustment error");
+  accurate_curves.Caption = t("Courbes précises", "Curvas precisas", "Accurate curves");
 }
 
 void SetupTab::Load_parameter() {
   s_.HalfArray = 1;
   RMSB.Value = s_.ShowErrorCurve == 1 ? 1 : 0;
   represent_modele.Value = s_.ShowModelSteps == 1 ? 1 : 0;
+  accurate_curves.Value = s_.AccurateCurves ? 1 : 0;
 
   fill(Combo1, {"       0.1", "          1", "        10"});
   fill(Combo2, {"        10", "      100", "    1000", "  10000"});
@@ -161,6 +163,7 @@ void SetupTab::Command11_Click() {
   // Unticked is -1, not 0: every test is against 1.
   s_.ShowModelSteps = represent_modele.Value == 1 ? 1 : -1;
   s_.KeepConfiguration = garder_config.Value == 1 ? 1 : 0;
+  s_.AccurateCurves = accurate_curves.Value == 1;
 
   // A field value of 0 let in by a limit held as 0 stops the frame; the redraw goes on.
   skip([&] { DrawBilogFrame(s_, Bilog_); });

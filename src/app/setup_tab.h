@@ -25,6 +25,7 @@ class SetupTab {
   CheckBox RMSB;              // the error curve
   CheckBox represent_modele;  // the model steps (`représent_modèle`)
   CheckBox garder_config;     // keep the configuration when leaving
+  CheckBox accurate_curves;   // "Accurate curves": the accurate forward calculation
   // Option1 "Schlumberger", Option2 "Dipole", Option3 "Wenner": indexes 0, 1, 2.
   OptionGroup Options;
   Button Command4, Command5, Command6, Command7, Command8, Command12;  // colour choices

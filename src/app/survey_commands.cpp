@@ -19,7 +19,7 @@ std::vector<std::string> profile_files(const ProfileSheet& sheet) {
 }
 
 FitChoices profile_fit_choices(const SoundingState& s) {
-  return {s.Spread, s.DecadeStart, s.ThicknessDecimals, 0.3};
+  return {s.Spread, s.DecadeStart, s.ThicknessDecimals, 0.3, s.AccurateCurves};
 }
 
 std::string backup_path(const std::string& path) {

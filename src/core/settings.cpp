@@ -110,6 +110,9 @@ void put_tellux(IniFile& ini, const SoundingState& s, const Settings& st, const 
   ini.set(kTellux, "RHOmax", std::to_string(s.RhoDecadeEnd));
   ini.set(kTellux, model_key, std::to_string(s.ShowModelSteps));
   ini.set(kTellux, "RMS", std::to_string(s.ShowErrorCurve));
+  // The option "Accurate curves" (off unless the file says "1"); written once it was ever set.
+  if (s.AccurateCurves || !ini.read(kTellux, "Accurate", "").empty())
+    ini.set(kTellux, "Accurate", s.AccurateCurves ? "1" : "0");
 }
 
 void put_page(IniFile& ini, const Settings& st) {
@@ -200,6 +203,7 @@ void load_settings(SoundingState& s, Settings& st, const std::string& path) {
   read_axis(ini, "RHOmax", "4", s.RhoDecadeEnd, s.RHOmax);
   rt::skip([&] { s.ShowModelSteps = int16_of(ini.read(kTellux, kModelKeyRead, "1")); });
   rt::skip([&] { s.ShowErrorCurve = int16_of(ini.read(kTellux, "RMS", "0")); });
+  s.AccurateCurves = ini.read(kTellux, "Accurate", "0") == "1";
   read_page(ini, st, "1250");
 
   for (int n = 1; n <= 5; ++n)

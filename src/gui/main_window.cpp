@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 
 #include "app/picture_export.h"
+#include "gui/equivalence_dialog.h"
 #include "gui/extraction_dialog.h"
 #include "gui/grid_view.h"
 #include "gui/help_key.h"
@@ -24,6 +25,7 @@
 #include "gui/survey_commands_view.h"
 #include "gui/toolbar_icons.h"
 #include "gui/toolkit_language.h"
+#include "model/filter_error.h"
 #include "plot/bilog_frame.h"
 
 namespace tellux {
@@ -125,6 +127,7 @@ MainWindow::MainWindow(Application& app, QtDrawingSurface& bilog, QtForms& forms
   wire_forms();
   model_view_ = make_model_window_view(app_.model, this);
   model_view_->on_action = [this] { refresh(); };
+  model_view_->on_equivalence = [this] { show_equivalence(); };
   model_view_->set_dock(bilog_page_);
   model_view_->on_dock_changed = [this] { apply_layout(); };
   connect_model_window(forms_, app_.model, *model_view_);
@@ -180,6 +183,8 @@ void MainWindow::refresh() {
   refreshing_ = true;
   MainForm& main = app_.main;
   text1_->setText(q(main.Text1.Text));
+  if (const std::string hint = filter_error_hint(app_.s); !hint.empty())
+    text1_->setText(q(hint)), text1_->setCursorPosition(0), text1_->setToolTip(q(hint));
   name_box_->setText(q(main.NameBox.Text));
   text3_->setText(q(main.Text3.Text));
   text4_->setText(q(main.Text4.Text));

@@ -88,6 +88,7 @@ class MainWindow : public QMainWindow {
   void end_program();
   void set_screen_pointer(int shape);
   void show_model_window();
+  void show_equivalence();  // main_window_equivalence.cpp
 
   Application& app_;
   QtDrawingSurface& surface_;

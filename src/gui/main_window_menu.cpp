@@ -147,6 +147,7 @@ void MainWindow::build_menu() {
     else
       show_model_window();
   });
+  add(calcul, "NEquivalence", "Equivalence...", [this] { show_equivalence(); });
 
   QMenu* util = bar->addMenu(QStringLiteral("&Utility"));
   util->setObjectName(QStringLiteral("Nutil"));

@@ -207,6 +207,12 @@ ModelWindowView::ModelWindowView(ModelWindow& window, QWidget* parent)
           [this](const QString& text) { window_.boxes().Comment.Text = text.toStdString(); });
   frame_layout->addWidget(comment_);
   layout->addWidget(frame1_);
+  equivalence_ = new QPushButton(this);
+  equivalence_->setObjectName(QStringLiteral("Equivalence"));
+  connect(equivalence_, &QPushButton::clicked, this, [this] {
+    if (on_equivalence) on_equivalence();
+  });
+  layout->addWidget(equivalence_);
 
   window_.set_display(this);
   refresh();
@@ -273,6 +279,8 @@ void ModelWindowView::refresh() {
   label4_->setText(q(window_.Label4.Caption));
   slider1_->setValue(window_.Slider1.Value);
   frame1_->setTitle(q(window_.Frame1.Caption));
+  equivalence_->setText(QString::fromUtf8(
+      pick(window_.language(), "Équivalence...", "Equivalencia...", "Equivalence...")));
   const QString comment = q(window_.boxes().Comment.Text);
   if (comment_->text() != comment) comment_->setText(comment);
   refreshing_ = false;

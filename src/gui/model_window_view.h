@@ -48,6 +48,8 @@ class ModelWindowView : public QWidget, public ModelWindowDisplay {
 
   // Runs after each action of the window, so that the main window shows what it changed.
   std::function<void()> on_action;
+  // The key "Equivalence..." (after a fit): the analysis of the current model.
+  std::function<void()> on_equivalence;
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
@@ -70,6 +72,7 @@ class ModelWindowView : public QWidget, public ModelWindowDisplay {
   QSlider* slider1_ = nullptr;
   QGroupBox* frame1_ = nullptr;
   QLineEdit* comment_ = nullptr;
+  QPushButton* equivalence_ = nullptr;
   bool refreshing_ = false;
   QWidget* dock_ = nullptr;
   QWidget* dock_bar_ = nullptr;

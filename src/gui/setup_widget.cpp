@@ -105,6 +105,7 @@ SetupWidget::SetupWidget(SetupTab& tab, QWidget* parent) : QWidget(parent), tab_
   steps_ = check("represent_modele", tab_.represent_modele);
   errors_ = check("RMSB", tab_.RMSB);
   keep_ = check("garder_config", tab_.garder_config);
+  accurate_ = check("accurate_curves", tab_.accurate_curves);
   arrays_ = new QGroupBox;
   QGroupBox* arrays = arrays_;
   auto* array_row = new QHBoxLayout(arrays);
@@ -219,6 +220,8 @@ void SetupWidget::refresh() {
   errors_->setText(q(tab_.RMSB.Caption));
   keep_->setChecked(tab_.garder_config.Value == 1);
   keep_->setText(q(tab_.garder_config.Caption));
+  accurate_->setChecked(tab_.accurate_curves.Value == 1);
+  accurate_->setText(q(tab_.accurate_curves.Caption));
   for (int i = 0; i < 3; ++i) options_[static_cast<size_t>(i)]->setChecked(tab_.Options.is_set(i));
   frame10_->setTitle(q(tab_.Frame10.Caption));
   frame7_->setTitle(q(tab_.Frame7.Caption));

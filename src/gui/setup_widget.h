@@ -52,7 +52,7 @@ class SetupWidget : public QWidget {
   std::vector<QComboBox*> combos_;
   std::vector<QRadioButton*> options_;
   QButtonGroup* option_group_ = nullptr;
-  QCheckBox *steps_ = nullptr, *errors_ = nullptr, *keep_ = nullptr;
+  QCheckBox *steps_ = nullptr, *errors_ = nullptr, *keep_ = nullptr, *accurate_ = nullptr;
   QGroupBox *frame10_ = nullptr, *frame7_ = nullptr, *colours_ = nullptr, *arrays_ = nullptr;
   QLabel* label5_ = nullptr;
   QPushButton* redraw_ = nullptr;

@@ -5,6 +5,7 @@
 
 #include "core/runtime/arithmetic.h"
 #include "core/runtime/discipline.h"
+#include "model/filter_error.h"
 #include "model/transform_cache.h"
 
 namespace tellux {
@@ -56,6 +57,27 @@ Layers read_layers(const SoundingState& s) {
 
 float single(double v) { return rt::CSng(v); }
 
+// The filters' sums, term by term in the order of the tables. Each is a function of its own so
+// that the running sum stays in a register: inlined in the row loops, it went through memory on
+// every term, which cost more than the rest of a curve.
+[[gnu::noinline]] double schlumberger_sum(const double* window) {
+  double r = 0.0;
+  for (int w = 0; w < 18; ++w) r += window[2 * w + 1] * kSchlumbergerWeights[w];
+  return r;
+}
+
+[[gnu::noinline]] double wenner_sum(const double* row) {
+  double r = 0.0;
+  for (int w = 0; w < 14; ++w) r += row[w + 1] * kWennerWeights[w];
+  return r;
+}
+
+[[gnu::noinline]] double dipole_sum(const double* row) {
+  double r = 0.0;
+  for (int w = 0; w < 61; ++w) r += w == 9 ? kDipoleAddend : row[w + 1] * kDipoleWeights[w];
+  return r;
+}
+
 class Run {
  public:
   Run(Session& session, const Layers& layers, TransformCache& cache)
@@ -87,7 +109,7 @@ class Run {
     for (;;) {
       if (!(row_test(s_.ModelCurveLast) < end)) return;
       const int i = ++s_.ModelCurveLast;
-      const double r = filter(i);
+      const double r = accurate_ ? accurate_->row(i, filter(i)) : filter(i);
       if (draws_) ss_.curve->segment(i + 1, r);
       s_.ModelCurve(i, 1) = r;
       s_.ModelCurve(i, 2) = i < TransformCache::kMaxRows ? cache_.spacing(i) : 0.0;
@@ -102,6 +124,9 @@ class Run {
                           failed);
   }
 
+  // The rows take their values through `rows` (the accurate curve and the filter's error).
+  void use(AccurateRows* rows) { accurate_ = rows; }
+
   // Eight samples per decade on a sliding window of 35, every second one weighted: one new
   // sample per row after 34 of priming.
   void schlumberger(float end, float first_x) {
@@ -111,10 +136,7 @@ class Run {
     if (failed < kPriming) rt::raise(rt::kOverflow);
     rows(end, [&](int i) {
       if (kPriming + i >= failed) rt::raise(rt::kOverflow);
-      const double* window = S + i - 1;  // window[1..35]: samples i+1 .. i+35
-      double r = 0.0;
-      for (int w = 0; w < 18; ++w) r += window[2 * w + 1] * kSchlumbergerWeights[w];
-      return r;
+      return schlumberger_sum(S + i - 1);  // window[1..35]: samples i+1 .. i+35
     });
     keep_window(S + s_.ModelCurveLast - 1, 35);
   }
@@ -126,10 +148,7 @@ class Run {
     const double* S = samples(0.f, n * row_count(end), failed);
     rows(end, [&](int i) {
       if (i * n + n > failed) rt::raise(rt::kOverflow);
-      const double* row = S + i * n - 1;  // row[1..15]
-      double r = 0.0;
-      for (int w = 0; w < 14; ++w) r += row[w + 1] * kWennerWeights[w];
-      return r;
+      return wenner_sum(S + i * n - 1);  // row[1..15]
     });
     keep_window(S + s_.ModelCurveLast * n - 1, n);
   }
@@ -141,10 +160,7 @@ class Run {
     const double* S = samples(0.f, n * row_count(end), failed);
     rows(end, [&](int i) {
       if (i * n + n > failed) rt::raise(rt::kOverflow);
-      const double* row = S + i * n - 1;  // row[1..61]
-      double r = 0.0;
-      for (int w = 0; w < 61; ++w) r += w == 9 ? kDipoleAddend : row[w + 1] * kDipoleWeights[w];
-      return r / 1000.0;
+      return dipole_sum(S + i * n - 1) / 1000.0;  // row[1..61]
     });
     keep_window(S + s_.ModelCurveLast * n - 1, n);
   }
@@ -160,6 +176,7 @@ class Run {
   const Layers& l_;
   double* S_;
   TransformCache& cache_;
+  AccurateRows* accurate_ = nullptr;
   bool draws_ = false;
 };
 
@@ -188,6 +205,8 @@ void ForwardCurve(Session& session) {
     // The abscissas and layer terms are kept between runs (a pure memo of this thread's runs).
     static thread_local TransformCache cache;
     Run run(session, layers, cache);
+    AccurateRows accurate(s, run.row_count(end));
+    run.use(&accurate);
     switch (s.Spread) {
       case SpreadType::Schlumberger:
         run.schlumberger(end, first_x);
@@ -199,6 +218,7 @@ void ForwardCurve(Session& session) {
         run.dipole(end);
         break;
     }
+    accurate.finish(s, s.ModelCurveLast);
     if (s.WorkMode == mode::kFile) return;  // the file-loading flow sets the pointer itself
     if (s.FitMisfit.num() == 0.0 && session.curve) {
       if (s.ShowErrorCurve == 1) session.curve->error_curve();

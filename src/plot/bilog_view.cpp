@@ -1,5 +1,7 @@
 #include "plot/bilog_view.h"
 
+#include "plot/equivalence_band.h"
+
 namespace tellux {
 
 void BilogDrawing::set_pointer(int shape) {
@@ -12,6 +14,9 @@ void BilogDrawing::segment(int point, double value) {
 
 void BilogDrawing::error_curve() { DrawErrorCurve(session_, surfaces); }
 
-void BilogDrawing::model_steps() { DrawModelSteps(session_, surfaces); }
+void BilogDrawing::model_steps() {
+  DrawEquivalenceBand(session_, surfaces);
+  DrawModelSteps(session_, surfaces);
+}
 
 }  // namespace tellux

@@ -4,6 +4,7 @@
 #include "core/runtime/discipline.h"
 #include "core/runtime/number_text.h"
 #include "model/layer_depths.h"
+#include "plot/equivalence_band.h"
 #include "plot/report_page.h"
 #include "plot/report_parts.h"
 
@@ -116,6 +117,7 @@ void text_under_diagram(Session& session, PageDocument& page, const std::string&
     write_at(page, s.PlotOriginX, B + mm(15), location);
   }
   if (s.FieldTable(2, 2).num() > 0) skip([&] { model_table(session, page, ReportTitle, f, B); });
+  skip([&] { report_accuracy_and_equivalence(s, page); });
   // The comment stands above the footer when the table left room for it.
   const double comment = page.PageHeight - page.MarginBottom - mm(10);
   if (page.CurrentY < comment) write_at(page, s.PlotOriginX, comment, s.CommentText);

@@ -49,6 +49,7 @@ bool fit_opened_sounding(Session& session, const FitChoices& choices,
                          const std::function<int()>& errors) {
   SoundingState& s = session.s;
   s.ModelSensitivity = choices.sensitivity;  // after the read, which sets its own
+  if (choices.accurate) s.AccurateCurves = true;
   if (!(s.LayerModel(1, 1).num() > 0)) {
     AutomaticModel(session);
     if (errors() != 0) return false;

@@ -15,6 +15,7 @@ struct FitChoices {
   int16_t decade_start = -1;
   int16_t thickness_decimals = 0;
   double sensitivity = 0.3;
+  bool accurate = false;  // the accurate curves, whatever the settings say
 };
 
 // The spread and its tag, as the setup tab's array buttons set them.

@@ -114,8 +114,10 @@ TEST_F(SetupTabTest, RedrawReadsTheRangesBackAsValuesAndExponents) {
   tab.Combo5.ListIndex(2);
   tab.represent_modele.Value = 0;
   tab.garder_config.Value = 1;
+  tab.accurate_curves.Value = 1;
   tab.Option_Click(1);
   tab.Command11_Click();
+  EXPECT_TRUE(s.AccurateCurves);
   EXPECT_EQ(std::tuple(s.AB2min, s.AB2max, s.RHOmax), std::tuple(0, 1000, 1000000));
   EXPECT_EQ(std::vector<int>({s.DecadeStart, s.DecadeEnd, s.RhoDecadeStart, s.RhoDecadeEnd}),
             std::vector<int>({-1, 3, -2, 6}));

@@ -38,6 +38,10 @@ TEST(BatchCommand, ArgumentsStatusAndStreams) {
       {"bogus", 2, "", "unknown command \"bogus\""},
       {"open --frob x", 2, "", "--frob"},
       {"forward " + kSample + " --array tripole", 2, "", "tripole"},
+      {"equivalence " + kSample + " --jobs 1 --max-thick 50", 0, "\"Bound\":\"max\"", ""},
+      {"equivalence " + kSample + " --fix rho9", 2, "", "rho9"},
+      {"fit " + kSample + " --accurate", 0, "\"FitMisfit\"", ""},
+      {"equivalence " + kSample + " --min-res 10 --max-res 5", 2, "", "lower bound"},
       // The program's own message, then the file and the system's reason; no record.
       {"open " + missing.string(), 1, "",
        "Reading File Error...\ntellux-cli: " + missing.string() + ": No such file or directory"},

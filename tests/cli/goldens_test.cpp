@@ -47,6 +47,7 @@ const Golden kGolden[] = {
     {"forward_four_layers.json", "forward " + S + "four_layers.TX3"},
     {"forward_dipole.json", "forward " + S + "dipole_two.TX3 --array dipole"},
     {"forward_wenner.json", "forward " + S + "wenner_three.TX3 --array wenner --decade-start 0"},
+    {"forward_accurate.json", "forward " + S + "dipole_two.TX3 --array dipole --accurate"},
     {"compute_three_layers.json", "compute " + S + "three_layers.TX3"},
     {"compute_dipole_half.json", "compute " + S + "dipole_two.TX3 --array dipole --half-array 2"},
     {"compute_half_shifted.json",

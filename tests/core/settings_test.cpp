@@ -67,7 +67,9 @@ TEST_F(SettingsFile, WhatIsSavedWithTheConfigurationKeptLoadsBackTheSame) {
   s.RecentFiles = {"", "/a/one.TX3", "/b/two.TX3", "", "", ""};
   std::tie(st.SevFile, st.BottomMargin, st.PointsColourName, st.garder_config) =
       std::tuple("/opt/tellux/DATADIP.TXT", 1300, "BLUE", true);
+  s.AccurateCurves = true;
   save_and_reload();
+  EXPECT_TRUE(has("Accurate=1") && back.AccurateCurves);
   EXPECT_EQ(held_settings(back, back_st).text(), held_settings(s, st).text());
   EXPECT_EQ(std::tuple(letter_from_flags(back.Language), back.Spread, back_st.GraphicalProg),
             std::tuple("S", SpreadType::Dipole, " "));
