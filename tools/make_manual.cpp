@@ -2,8 +2,12 @@
 // its index of pages (.TOC), from the chapters in manual/<language>/, the pictures of the program
 // itself switched to that language, and the batch command's own help.
 //   tellux-make-manual SOURCE_DIR OUT_DIR TELLUX_CLI
+// The pictures of each language are taken by a child run of this program,
+//   tellux-make-manual --pictures SOURCE_DIR FOLDER LETTER
+// so that a picture that crashes or hangs leaves only its figures out, never the build.
 #include <QApplication>
 #include <QDir>
+#include <QProcess>
 #include <cstdio>
 
 #include "manual_batch.h"
@@ -32,9 +36,30 @@ constexpr Language kLanguages[] = {
      "Ejemplo:", "Sección|Clave|Valor por defecto"},
 };
 
+// The pictures of one language in a child run; whatever it leaves is used, at most a minute.
+void take_pictures_apart(const QString& program, const QString& source, const QString& folder,
+                         char letter) {
+  QProcess child;
+  child.setProcessChannelMode(QProcess::ForwardedChannels);
+  child.start(program, {QStringLiteral("--pictures"), source, folder, QString(QChar(letter))});
+  if (!child.waitForFinished(60000)) {
+    child.kill();
+    child.waitForFinished(5000);
+  }
+  if (child.exitStatus() != QProcess::NormalExit || child.exitCode() != 0)
+    std::fprintf(stderr, "tellux-make-manual: some pictures in %s are missing\n",
+                 qPrintable(folder));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (argc == 5 && QByteArray(argv[1]) == "--pictures") {
+    QApplication qt(argc, argv);
+    manual::take_pictures(QString::fromLocal8Bit(argv[2]), QString::fromLocal8Bit(argv[3]),
+                          argv[4][0]);
+    return 0;
+  }
   if (argc != 4) {
     std::fprintf(stderr, "usage: tellux-make-manual SOURCE_DIR OUT_DIR TELLUX_CLI\n");
     return 2;
@@ -46,7 +71,7 @@ int main(int argc, char** argv) {
   int failed = 0;
   for (const Language& language : kLanguages) {
     const QString pictures = out + "/pictures/" + language.folder;
-    manual::take_pictures(source, pictures, language.letter);
+    take_pictures_apart(QCoreApplication::applicationFilePath(), source, pictures, language.letter);
     manual::Book book;
     book.chapters = source + "/manual/" + language.folder;
     book.style = source + "/manual/style.css";

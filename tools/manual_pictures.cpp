@@ -42,13 +42,15 @@ class Camera {
     QApplication::processEvents();
     if (widget) widget->grab().save(folder_ + "/" + name + ".png");
   }
-  // The modal dialog that `open` shows, taken and closed as soon as it is on the screen; nothing
-  // when `open` shows none (a command this build does not have).
-  void save_dialog(const std::function<void()>& open, const char* name) {
+  // The modal dialog that `open` shows, taken and closed as soon as it is on the screen (after
+  // `use`, when given, has worked it); nothing when `open` shows none.
+  void save_dialog(const std::function<void()>& open, const char* name,
+                   const std::function<void(QWidget&)>& use = {}) {
     QTimer timer;
     timer.setSingleShot(true);
-    QObject::connect(&timer, &QTimer::timeout, [this, name] {
+    QObject::connect(&timer, &QTimer::timeout, [this, name, &use] {
       if (QWidget* dialog = QApplication::activeModalWidget()) {
+        if (use) use(*dialog);
         dialog->adjustSize();
         save(dialog, name);
         dialog->close();
@@ -71,17 +73,9 @@ QWidget* visible_named(const char* name) {
   return nullptr;
 }
 
-// A command of a menu by its caption, for the commands that other builds add.
-QAction* action_named(QWidget& window, const QString& caption) {
-  for (QAction* a : window.findChildren<QAction*>())
-    if (a->text().remove(QLatin1Char('&')).startsWith(caption, Qt::CaseInsensitive)) return a;
-  return nullptr;
-}
-
-QPushButton* button_named(QWidget& window, const QString& caption) {
-  for (QPushButton* b : window.findChildren<QPushButton*>())
-    if (b->text().remove(QLatin1Char('&')).startsWith(caption, Qt::CaseInsensitive)) return b;
-  return nullptr;
+// Presses the key of that name in `dialog`, if it has one.
+void press(QWidget& dialog, const char* name) {
+  if (auto* key = dialog.findChild<QPushButton*>(QLatin1String(name))) key->click();
 }
 
 }  // namespace
@@ -120,7 +114,27 @@ void take_pictures(const QString& source, const QString& folder, char language) 
     window.tabs()->setCurrentIndex(tab);
     camera.save(&window, name);
   }
+  window.tabs()->setCurrentIndex(0);
+
+  // Its fit, the equivalence of the fitted model with its table, the band on the diagram, and the
+  // report that shows both.
+  if (QAction* fit = window.action(QStringLiteral("NAjust"))) fit->trigger();
+  QApplication::processEvents();
+  if (QAction* equivalence = window.action(QStringLiteral("NEquivalence"))) {
+    camera.save_dialog([equivalence] { equivalence->trigger(); }, "equivalence",
+                       [](QWidget& dialog) { press(dialog, "run"); });
+    camera.save(window.bilog(), "equivalence_band");
+  }
+  window.tabs()->setCurrentIndex(2);
   write_png(app.VSPrint, 0, camera.path("report"), 80);
+  window.tabs()->setCurrentIndex(0);
+
+  // A long sounding: its report goes on on a second page.
+  dialogs.open_choices = {{(source + "/tests/data/report/long_sounding.TX3").toStdString()}};
+  window.action(QStringLiteral("open"))->trigger();
+  QApplication::processEvents();
+  window.tabs()->setCurrentIndex(2);
+  if (app.VSPrint.PageCount() > 1) write_png(app.VSPrint, 1, camera.path("report_page2"), 80);
   window.tabs()->setCurrentIndex(0);
 
   // The automatic model of a sounding without one, fitted.
@@ -129,8 +143,6 @@ void take_pictures(const QString& source, const QString& folder, char language) 
   window.action(QStringLiteral("NModele"))->trigger();
   QApplication::processEvents();
   camera.save(&window, "automatic");
-  if (QAction* equivalence = action_named(window, QStringLiteral("Equivalence")))
-    camera.save_dialog([equivalence] { equivalence->trigger(); }, "equivalence");
 
   // The other arrays with their samples.
   window.tabs()->setCurrentIndex(3);
@@ -174,10 +186,14 @@ void take_pictures(const QString& source, const QString& folder, char language) 
   window.tabs()->setCurrentIndex(5);
   camera.save(&window, "section_tab");
   write_png(app.VSPrint1, 0, camera.path("section"), 80);
+  // "Fit all" on the copies, written after its question, and the section drawn again.
   window.tabs()->setCurrentIndex(4);
-  if (QPushButton* fit_all = button_named(window, QStringLiteral("Fit all"))) {
-    dialogs.answers = {Answer::No, Answer::No, Answer::No};
-    camera.save_dialog([fit_all] { fit_all->click(); }, "fit_all");
+  if (auto* fit_all = window.findChild<QPushButton*>(QStringLiteral("FitAll"))) {
+    dialogs.answers = {Answer::Yes};
+    fit_all->click();
+    dialogs.answers.clear();
+    window.profile()->refresh();
+    camera.save(&window, "fit_all");
   }
 
   // The small windows of the extraction and of the RES2DINV conversion.
@@ -187,9 +203,11 @@ void take_pictures(const QString& source, const QString& folder, char language) 
   R2diForm r2di;
   r2di.set_captions(app.session);
   camera.save_dialog([&] { show_r2di_dialog(r2di, &window); }, "r2di");
-  dialogs.open_choices.clear();
-  if (QAction* table = action_named(window, QStringLiteral("Import a table")))
+  // The table's dialog on the semicolon sample, closed without importing.
+  dialogs.open_choices = {{sample("formats/table_semicolon.csv")}};
+  if (QAction* table = window.action(QStringLiteral("ImportTable")))
     camera.save_dialog([table] { table->trigger(); }, "import_table");
+  dialogs.open_choices.clear();
   window.tabs()->setCurrentIndex(0);
   QFile::remove(ini);
 }
