@@ -50,8 +50,10 @@ class Camera {
     timer.setSingleShot(true);
     QObject::connect(&timer, &QTimer::timeout, [this, name, &use] {
       if (QWidget* dialog = QApplication::activeModalWidget()) {
-        if (use) use(*dialog);
-        dialog->adjustSize();
+        if (use)
+          use(*dialog);
+        else
+          dialog->adjustSize();
         save(dialog, name);
         dialog->close();
       }
@@ -122,11 +124,15 @@ void take_pictures(const QString& source, const QString& folder, char language) 
   QApplication::processEvents();
   if (QAction* equivalence = window.action(QStringLiteral("NEquivalence"))) {
     camera.save_dialog([equivalence] { equivalence->trigger(); }, "equivalence",
-                       [](QWidget& dialog) { press(dialog, "run"); });
+                       [](QWidget& dialog) {
+                         press(dialog, "run");
+                         dialog.adjustSize();
+                       });
     camera.save(window.bilog(), "equivalence_band");
   }
   window.tabs()->setCurrentIndex(2);
   write_png(app.VSPrint, 0, camera.path("report"), 80);
+  if (app.VSPrint.PageCount() > 1) write_png(app.VSPrint, 1, camera.path("report_equivalence"), 80);
   window.tabs()->setCurrentIndex(0);
 
   // A long sounding: its report goes on on a second page.
@@ -193,7 +199,9 @@ void take_pictures(const QString& source, const QString& folder, char language) 
     fit_all->click();
     dialogs.answers.clear();
     window.profile()->refresh();
+    window.tabs()->setCurrentIndex(5);
     camera.save(&window, "fit_all");
+    window.tabs()->setCurrentIndex(4);
   }
 
   // The small windows of the extraction and of the RES2DINV conversion.
@@ -206,7 +214,8 @@ void take_pictures(const QString& source, const QString& folder, char language) 
   // The table's dialog on the semicolon sample, closed without importing.
   dialogs.open_choices = {{sample("formats/table_semicolon.csv")}};
   if (QAction* table = window.action(QStringLiteral("ImportTable")))
-    camera.save_dialog([table] { table->trigger(); }, "import_table");
+    camera.save_dialog([table] { table->trigger(); }, "import_table",
+                       [](QWidget& dialog) { dialog.resize(560, 620); });
   dialogs.open_choices.clear();
   window.tabs()->setCurrentIndex(0);
   QFile::remove(ini);
