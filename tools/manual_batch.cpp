@@ -38,13 +38,26 @@ QStringList subcommands(const QString& help) {
   return names;
 }
 
-// The example of README.md's table of commands: "| `name` | what | `example` |".
+// The example of README.md's table of commands: "| `name` | what | `example` |", on the files a
+// user has: the developers' test files are not installed, the samples are.
 QString example_of(const QString& readme, const QString& name) {
   const QRegularExpression row(QStringLiteral(R"(^\|\s*`%1`\s*\|.*\|\s*`([^`]+)`\s*\|\s*$)")
                                    .arg(QRegularExpression::escape(name)),
                                QRegularExpression::MultilineOption);
   const auto m = row.match(readme);
-  return m.hasMatch() ? m.captured(1) : QString();
+  if (!m.hasMatch()) return {};
+  static const std::pair<const char*, const char*> kSamples[] = {
+      {"tests/data/profile/L1_0*.TX3 --title", "samples/line/L1_0*.TX3 --hscale 2500 --title"},
+      {"tests/data/profile/L1_", "samples/line/L1_"},
+      {"tests/data/survey/VES0*.TX3", "samples/line/L1_0*.TX3"},
+      {"tests/data/report/long_sounding.TX3", "samples/four_layers.TX3"},
+      {"tests/data/convert/wenner40.DAT", "samples/formats/res2dinv.DAT"},
+      {"tests/data/survey/field_resistances.csv",
+       "samples/formats/table_semicolon.csv --delimiter \";\" --decimal-comma"}};
+  QString example = m.captured(1);
+  for (const auto& [test_file, sample] : kSamples)
+    example.replace(QLatin1String(test_file), QLatin1String(sample));
+  return example;
 }
 
 QString pre(const QString& text) {
@@ -69,9 +82,14 @@ QString batch_reference(const QString& command, const QString& readme_path,
     if (!example.isEmpty())
       html += QStringLiteral("<p><i>%1</i> <code>%2</code></p>")
                   .arg(example_word, example.toHtmlEscaped());
-    for (const QString& sub : subcommands(help))
+    for (const QString& sub : subcommands(help)) {
       html += QStringLiteral("<p><b>tellux-cli %1 %2</b></p>").arg(name, sub) +
               pre(help_of(command, {name, sub}));
+      const QString sub_example = example_of(readme, name + QLatin1Char(' ') + sub);
+      if (!sub_example.isEmpty())
+        html += QStringLiteral("<p><i>%1</i> <code>%2</code></p>")
+                    .arg(example_word, sub_example.toHtmlEscaped());
+    }
   }
   return html;
 }
