@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QImage>
 #include <QPushButton>
 #include <QTabWidget>
 #include <QTimer>
@@ -75,6 +76,13 @@ QWidget* visible_named(const char* name) {
   return nullptr;
 }
 
+// Keeps the upper `fraction` of the picture at `path`.
+void keep_top(const QString& path, double fraction) {
+  const QImage image(path);
+  if (!image.isNull())
+    image.copy(0, 0, image.width(), static_cast<int>(image.height() * fraction)).save(path);
+}
+
 // Presses the key of that name in `dialog`, if it has one.
 void press(QWidget& dialog, const char* name) {
   if (auto* key = dialog.findChild<QPushButton*>(QLatin1String(name))) key->click();
@@ -132,7 +140,10 @@ void take_pictures(const QString& source, const QString& folder, char language) 
   }
   window.tabs()->setCurrentIndex(2);
   write_png(app.VSPrint, 0, camera.path("report"), 80);
-  if (app.VSPrint.PageCount() > 1) write_png(app.VSPrint, 1, camera.path("report_equivalence"), 80);
+  if (app.VSPrint.PageCount() > 1) {
+    write_png(app.VSPrint, 1, camera.path("report_equivalence"), 80);
+    keep_top(camera.path("report_equivalence"), 0.35);  // the table; the rest of the page is empty
+  }
   window.tabs()->setCurrentIndex(0);
 
   // A long sounding: its report goes on on a second page.
