@@ -82,7 +82,8 @@ void DrawEquivalenceBand(Session& session, const BilogSurfaces& surfaces) {
     DrawCurveSegment(session, surfaces, static_cast<int16_t>(i + 1), s.ModelCurve(i, 1).num());
 }
 
-void report_accuracy_and_equivalence(const SoundingState& s, PageDocument& page) {
+void report_accuracy_and_equivalence(const SoundingState& s, PageDocument& page,
+                                     const std::function<double()>& new_page) {
   const double x = s.PlotOriginX;
   double y = page.CurrentY + 400;
   const bool note = !s.AccurateCurves && s.FilterErrorPercent > 1.0;
@@ -91,8 +92,7 @@ void report_accuracy_and_equivalence(const SoundingState& s, PageDocument& page)
   const double table =
       r ? 300 + (equivalence_table_rows(*r, s.Language).size() + 1) * page.line_height() : 0;
   if ((note || r) && y + (note ? 300 : 0) + table > page.PageHeight - page.MarginBottom) {
-    page.NewPage();
-    y = page.MarginTop + 400;
+    y = new_page();
   }
   if (note) {
     char text[200];
@@ -132,7 +132,7 @@ void report_accuracy_and_equivalence(const SoundingState& s, PageDocument& page)
     for (const std::string& cell : row) text += cell + "|";
     text.back() = ';';
     if (first)
-      page.AddTable("^+900|<+3300|>+1300|>+1300|>+1300;", header, text);
+      page.AddTable("^+1100|<+3100|>+1300|>+1300|>+1300;", header, text);
     else
       page.AddTable("", "", text, true);
     first = false;
