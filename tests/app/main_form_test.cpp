@@ -1,7 +1,9 @@
 // The main window's logic without windows: start-up, the toolbar, the tab rules, the resize
 // rules, the language box and the leaving of the program.
 #include "app/application.h"
+#include "app/recovery.h"
 #include "core/ini_file.h"
+#include "core/sounding_file.h"
 #include "platform/headless/recording_surface.h"
 #include "session_fixture.h"
 
@@ -271,6 +273,25 @@ TEST_F(LeavingTest, CancelGoesOnYesEndsAndNoSavesTheSoundingFirst) {
   EXPECT_EQ(dialogs.messages.size(), 2u);  // the leaving question, then the writer's
   EXPECT_TRUE(std::filesystem::exists(copy));
   EXPECT_TRUE(std::filesystem::exists(ini));
+}
+
+// An error past every routine's discipline: its box, and the sounding saved beside its file on Yes.
+using RecoveryTest = testing::SessionTest;
+
+TEST_F(RecoveryTest, EscapedErrorOffersToSaveTheSoundingBesideItsFile) {
+  s.FileDir = path("");
+  EXPECT_EQ(recovery_path(s), path("NEW.recovered.TX3"));
+  s.FilePath = path("site.ves");
+  s.FileName = "site.ves";
+  const std::string kept = path("site.recovered.TX3");
+  dialogs.answers = {Answer::No, Answer::Yes};
+  report_escaped_error(session, 6, "Overflow");
+  EXPECT_EQ(dialogs.messages.back().text,
+            "Run-time error '6':\n\nOverflow\n\nSave the sounding as " + kept + " ?");
+  EXPECT_FALSE(std::filesystem::exists(kept));
+  report_escaped_error(session, 6, "Overflow");
+  EXPECT_EQ(read("site.recovered.TX3"), tx3_text(s));
+  EXPECT_EQ(s.FilePath, path("site.ves"));
 }
 
 }  // namespace
