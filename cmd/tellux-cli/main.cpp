@@ -6,7 +6,7 @@
 
 #include "cli.h"
 #include "core/language.h"
-#include "core/runtime/errors.h"
+#include "core/runtime/error_report.h"
 
 namespace {
 

@@ -1,6 +1,7 @@
 #include "app/recovery.h"
 
 #include "core/file_names.h"
+#include "core/runtime/error_report.h"
 #include "core/runtime/errors.h"
 #include "core/runtime/token_file.h"
 #include "core/sounding_file.h"

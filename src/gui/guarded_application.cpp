@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "core/runtime/errors.h"
+#include "core/runtime/error_report.h"
 
 namespace tellux {
 

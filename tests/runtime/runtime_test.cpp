@@ -16,6 +16,7 @@
 #include "core/runtime/number_text.h"
 #include "core/runtime/table.h"
 #include "core/runtime/token_file.h"
+#include "core/runtime/utf8.h"
 
 namespace tellux::rt {
 namespace {

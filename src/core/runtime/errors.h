@@ -7,15 +7,12 @@
 namespace tellux::rt {
 
 enum ErrorNumber : int {
-  kInvalidCall = 5,  // log of a non-positive value, square root of a negative
-  kOverflow = 6,     // integer out of range, exp overflow, 0/0
-  kOutOfMemory = 7,
+  kInvalidCall = 5,      // log of a non-positive value, square root of a negative
+  kOverflow = 6,         // integer out of range, exp overflow, 0/0
   kSubscript = 9,        // index outside a table's declared bounds
   kDivisionByZero = 11,  // integer and floating division alike
   kTypeMismatch = 13,    // text where a number was expected
-  kInternalError = 51,
   kFileNotFound = 53,
-  kDeviceIo = 57,
   kDiskFull = 61,
   kInputPastEnd = 62,
   kDeviceUnavailable = 68,
@@ -35,17 +32,6 @@ class RuntimeError : public std::runtime_error {
   int number_;
   std::string reason_;
 };
-
-// The system's text of an error number ("Overflow").
-std::string error_text(int number);
-
-// The error being handled, called inside a catch block: a run-time error keeps its number; a
-// failed allocation is 7, "Out of memory"; anything else 51, "Internal error".
-struct ErrorReport {
-  int number;
-  std::string text;
-};
-ErrorReport report_of_current_error();
 
 [[noreturn]] void raise(int number);
 // A file error with the system's reason for it.

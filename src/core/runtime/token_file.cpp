@@ -14,6 +14,7 @@
 #include "core/runtime/arithmetic.h"
 #include "core/runtime/errors.h"
 #include "core/runtime/number_text.h"
+#include "core/runtime/utf8.h"
 
 namespace tellux::rt {
 

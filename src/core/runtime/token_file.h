@@ -60,10 +60,6 @@ class TokenWriter {
 // read-only disk, 75 target file write-protected, 61 disk full, 57 other device errors.
 void write_file_atomically(const std::string& path, std::string_view content);
 
-// Whether `bytes` is UTF-8 in the strict sense: shortest forms only, no surrogates, nothing above
-// U+10FFFF. The one test of the program for "is this UTF-8".
-bool is_utf8(std::string_view bytes);
-
 // Text of the older files is Windows-1252; text written by this program is UTF-8. Valid UTF-8
 // stays as it is, anything else is read as Windows-1252.
 std::string to_utf8(std::string_view bytes);
