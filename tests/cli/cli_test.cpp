@@ -78,29 +78,18 @@ TEST(BatchCommand, LeavesSettingsAloneAndPrintsUtf8) {
 }
 
 // Values past every range end in a message or pass over, never in a signal: the section's label
-// angle, soundings 4e9 m high and deep, one a spacing of 2^31 m drawn to -1e308 (its elevation
-// lines end at the page), settings of overlong and surrogate UTF-8, readings that overflow.
+// angle, soundings 4e9 m high and deep, settings of overlong and surrogate UTF-8, and readings
+// that overflow in a converter (the last guard's message).
 TEST(BatchCommand, NoInputEndsInASignal) {
   const std::string section = "section --hscale 5000 " + kData + "section/";
-  std::ofstream(kTmp / "Tellux6.ini", std::ios::binary)
-      << "[Tellux]\r\nSEV File=a\xC0\x80\xED\xA0\x80\r\n";
-  std::ofstream(kTmp / "huge.csv", std::ios::binary)
-      << "h\nh\nh\nh\nMode,Resistivity\nh\nh\nh\nh\nArray,WENNER\nPoints,1\nh\nh\nh\n"
-         "1,2,3.4E+38,100,50,0,157.08,0,0,0,0,0,0\n";
-  std::ofstream(kTmp / "huge.dat", std::ios::binary)
-      << "\"P\",\"1\",\"0\",0,0,0,1\r\n2147483647,10\r\n";
+  std::ofstream(kTmp / "Tellux6.ini") << "[Tellux]\r\nSEV File=a\xC0\x80\xED\xA0\x80\r\n";
+  std::ofstream(kTmp / "huge.dat") << "\"P\",\"1\",\"0\",0,0,0,1\r\n2147483647,10\r\n";
   const std::pair<std::string, int> cases[] = {
       {section + "S10.TX3 " + kData + "section/S12.TX3 --angle 3276.8", 0},
       {section + "high.TX3 " + kData + "section/low.TX3", 0},
-      {section + "S10.TX3 " + kData + "section/wild.TX3 --vscale 1", 0},
       {"settings", 0},
-      {"convert oyo huge.csv --out o.TX3", 1},
-      {"convert astier huge.dat --out a.TX3", 1},
-  };
-  for (const auto& [args, status] : cases) {
-    const CliRun r = cli(args);
-    EXPECT_EQ(r.status, status) << args << "\n" << r.err;
-  }
+      {"convert astier huge.dat --out a.TX3", 1}};
+  for (const auto& [args, status] : cases) EXPECT_EQ(cli(args).status, status) << args;
   fs::remove(kTmp / "Tellux6.ini");
 }
 

@@ -139,19 +139,12 @@ TEST(TokenReader, ItemsEndAtCommasAndLineEndsAndBlanksAreSkipped) {
 
 // Only the shortest forms of code points up to U+10FFFF, surrogates excepted, count as UTF-8.
 TEST(Runtime, Utf8IsTakenOnlyWhenStrictlyValid) {
-  const std::pair<std::string, bool> cases[] = {
-      {"\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80\xF4\x8F\xBF\xBF", true},
-      {"\xED\x9F\xBF\xEE\x80\x80", true},  // either side of the surrogates
-      {"\xC0\x80", false},                 // overlong NUL
-      {"\xC1\xBF", false},                 // overlong
-      {"\xE0\x9F\xBF", false},             // overlong
-      {"\xF0\x8F\xBF\xBF", false},         // overlong
-      {"\xED\xA0\x80", false},             // surrogate
-      {"\xF4\x90\x80\x80", false},         // above U+10FFFF
-      {"\xF5\x80\x80\x80", false},
-      {"\xE2\x82", false},  // cut short
-  };
-  for (const auto& [bytes, valid] : cases) EXPECT_EQ(is_utf8(bytes), valid) << bytes;
+  EXPECT_TRUE(
+      is_utf8("\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80\xF4\x8F\xBF\xBF\xED\x9F\xBF\xEE\x80\x80"));
+  // Overlong forms, a surrogate, beyond U+10FFFF, cut short.
+  for (const char* bad : {"\xC0\x80", "\xC1\xBF", "\xE0\x9F\xBF", "\xF0\x8F\xBF\xBF",
+                          "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xE2\x82"})
+    EXPECT_FALSE(is_utf8(bad)) << bad;
   EXPECT_EQ(to_utf8("\xED\xA0\x80"), "\xC3\xAD\xC2\xA0\xE2\x82\xAC");
 }
 
