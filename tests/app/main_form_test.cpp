@@ -281,17 +281,16 @@ using RecoveryTest = testing::SessionTest;
 TEST_F(RecoveryTest, EscapedErrorOffersToSaveTheSoundingBesideItsFile) {
   s.FileDir = path("");
   EXPECT_EQ(recovery_path(s), path("NEW.recovered.TX3"));
-  s.FilePath = path("site.ves");
-  s.FileName = "site.ves";
-  const std::string kept = path("site.recovered.TX3");
+  std::tie(s.FilePath, s.FileName) = std::tuple(path("site.ves"), "site.ves");
   dialogs.answers = {Answer::No, Answer::Yes};
   report_escaped_error(session, 6, "Overflow");
   EXPECT_EQ(dialogs.messages.back().text,
-            "Run-time error '6':\n\nOverflow\n\nSave the sounding as " + kept + " ?");
-  EXPECT_FALSE(std::filesystem::exists(kept));
+            "Run-time error '6':\n\nOverflow\n\nSave the sounding as " +
+                path("site.recovered.TX3") + " ?");
+  EXPECT_FALSE(std::filesystem::exists(path("site.recovered.TX3")));
   report_escaped_error(session, 6, "Overflow");
-  EXPECT_EQ(read("site.recovered.TX3"), tx3_text(s));
-  EXPECT_EQ(s.FilePath, path("site.ves"));
+  EXPECT_EQ(std::tuple(read("site.recovered.TX3"), s.FilePath),
+            std::tuple(tx3_text(s), path("site.ves")));
 }
 
 }  // namespace
