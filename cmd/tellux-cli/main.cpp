@@ -6,6 +6,7 @@
 
 #include "cli.h"
 #include "core/language.h"
+#include "core/runtime/error_report.h"
 
 namespace {
 
@@ -75,14 +76,19 @@ int main(int argc, char** argv) {
   for (auto it = commands.rbegin(); it != commands.rend(); ++it) {
     const Command& command = *it;
     if (!command.app->parsed()) continue;
-    Cli cli;
-    load_settings(cli.s, cli.settings);
-    if (!lang.empty()) cli.s.Language = tellux::language_from_letter(lang);
     try {
+      Cli cli;
+      load_settings(cli.s, cli.settings);
+      if (!lang.empty()) cli.s.Language = tellux::language_from_letter(lang);
       return command.run(cli);
     } catch (const UsageError& e) {
       Cli::complain(e.text);
       return 2;
+    } catch (...) {
+      // The last guard: an error that escaped every routine ends the command with its message.
+      const tellux::rt::ErrorReport error = tellux::rt::report_of_current_error();
+      Cli::complain("run-time error " + std::to_string(error.number) + ": " + error.text);
+      return 1;
     }
   }
   return 2;

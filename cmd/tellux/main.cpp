@@ -9,6 +9,8 @@
 #include <cstring>
 
 #include "app/application.h"
+#include "app/recovery.h"
+#include "gui/guarded_application.h"
 #include "gui/main_window.h"
 #include "gui/qt_forms.h"
 #include "platform/qt/qt_dialogs.h"
@@ -60,7 +62,7 @@ int main(int argc, char** argv) {
                  "tellux-cli does the program's work without one.\n");
     return 1;
   }
-  QApplication qt(argc, argv);
+  tellux::GuardedApplication qt(argc, argv);
   // The toolkit hands the user's locale to the C library; the program's number text and its files
   // keep the point whatever the locale says.
   std::setlocale(LC_NUMERIC, "C");
@@ -75,6 +77,10 @@ int main(int argc, char** argv) {
   tellux::QtSystemServices system;
   tellux::QtForms forms;
   tellux::Application app(dialogs, forms, bilog, system);
+  // Past every routine's own discipline: the error box, the offer to save, and the program goes on.
+  qt.on_escaped_error = [&app](int number, const std::string& text) {
+    tellux::report_escaped_error(app.session, number, text);
+  };
   tellux::MainWindow window(app, bilog, forms, &dialogs);
   window.on_end = [] { QApplication::quit(); };
   if (!window.start()) return 0;

@@ -1,7 +1,9 @@
 // The geoelectrical section: a log of coloured layers for each sounding of the table, hung at its
 // distance along the line and its elevation, with the topographic line, elevation lines,
 // correlation lines between neighbouring logs, the colour legend, the title and the scales.
+#include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <optional>
 
 #include "app/profile_tab.h"
@@ -149,20 +151,27 @@ void ProfileTab::Trace_Profil(PageDocument& page) {
   if (Check4.Value == 1) {
     right = rt::Val(sheet.Text5.Text) * kMm + ML + SEVLogWidth + 1000;
     const double left = ML - 300;
-    // The floor is the one the drawing before left; logs drawn now may lower it.
-    const auto floor_line = static_cast<int32_t>(rt::CLng(v.ProfileFloorElevation - 10));
-    for (int32_t e = v.ProfileTopElevation - 10; e >= floor_line; e -= 10) {
+    // The floor is the one the drawing before left; logs drawn now may lower it. A floor beyond
+    // the 32-bit range fails the loop's statement, and the loop is passed over.
+    int32_t floor_line = v.ProfileTopElevation;
+    skip([&] { floor_line = rt::CLng(v.ProfileFloorElevation - 10); });
+    // Lines stop where the page ends, and there are never more than its height in twips.
+    const int64_t most = std::max<int64_t>(0, std::llround(page.PageHeight));
+    int64_t drawn = 0;
+    for (int64_t e = v.ProfileTopElevation - 10; e >= floor_line && drawn < most;
+         e -= 10, ++drawn) {
+      const double y = v.TwipsPerMetreZ * (v.ProfileTopElevation - e) + MT;
+      if (!(y - 100 <= page.PageHeight && y + 100 >= 0)) break;
       page.PenColor(14737632);
       page.PenStyle(0);
       page.PenWidth(0);
-      const double y = v.TwipsPerMetreZ * (v.ProfileTopElevation - e) + MT;
       page.DrawLine(left, y, right, y);
       page.CurrentX = right + 200;
       page.CurrentY = y - 100;
       page.FontBold(false);
       page.FontSize(8);
       page.PenColor(0);
-      page.Text(rt::CStr(e) + " m");
+      page.Text(rt::CStr(static_cast<int32_t>(e)) + " m");
     }
   }
   if (Check6.Value == 1) {
@@ -186,7 +195,8 @@ void ProfileTab::Trace_Profil(PageDocument& page) {
     page.CurrentY = v.TwipsPerMetreZ * ((v.ProfileTopElevation - Z) - 7) + MT;
     page.FontBold(true);
     page.FontSize(10);
-    page.TextAngle(static_cast<int>(rt::CInt(rt::Val(Text17.Text) * 10)));
+    // From 3276.8 degrees the angle overflows; the statement is passed over.
+    skip([&] { page.TextAngle(rt::CInt(rt::Val(Text17.Text) * 10)); });
     if (Check7.Value == 1) page.Text(label);
     if (Check9.Value == 1 && i % 10 == 0) page.Text(rt::CStr(i));
     page.TextAngle(0);

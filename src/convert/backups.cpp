@@ -64,8 +64,7 @@ bool restore_backup(Session& session) {
   s.FilePath = as_tx3(s.FilePath);
   s.FileName = as_tx3(s.FileName);
   session.tell(s.FileName + " is restored", Icon::Information);
-  s.FreshStart = false;
-  session.forms.fill_sheet();
+  finish_open(session);
   s.WorkMode = mode::kNormal;
   session.forms.redraw_bilog_frame();
   return true;

@@ -68,6 +68,12 @@ void open_sounding(Session& session) {
   s.CommentText.clear();
   s.GraphTitle.clear();
   rt::skip([&] { read_by_extension(session); });
+  finish_open(session);
+}
+
+void finish_open(Session& session) {
+  SoundingState& s = session.s;
+  Forms& forms = session.forms;
   find_max_ab(s, s.MaxAbHalf);
   s.WorkMode = mode::kNormal;
   s.FreshStart = false;  // from now on a resize of the main window redraws the diagram

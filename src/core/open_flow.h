@@ -18,6 +18,11 @@ inline constexpr const char* kOpenFilter =
 // Failing statements are passed over: only the TX3 reader reports its failures.
 void open_sounding(Session& session);
 
+// What every open does once the file is read: raises `MaxAbHalf`, sets `WorkMode` to "NORMAL",
+// shows the model window when the sounding holds a model (unloads it otherwise), and fills the
+// sheet. Restoring a backup ends in it too.
+void finish_open(Session& session);
+
 // The toolbar's "open": the open dialog, then `open_sounding`. Returns false on Cancel, which
 // changes nothing but the diagram's pointer.
 bool Read_TX3(Session& session);

@@ -1,7 +1,9 @@
 // The main window's logic without windows: start-up, the toolbar, the tab rules, the resize
 // rules, the language box and the leaving of the program.
 #include "app/application.h"
+#include "app/recovery.h"
 #include "core/ini_file.h"
+#include "core/sounding_file.h"
 #include "platform/headless/recording_surface.h"
 #include "session_fixture.h"
 
@@ -261,6 +263,24 @@ TEST_F(LeavingTest, CancelGoesOnYesEndsAndNoSavesTheSoundingFirst) {
   EXPECT_EQ(std::tuple(ended, dialogs.messages.size(), std::filesystem::exists(copy),
                        std::filesystem::exists(ini)),
             std::tuple(2, 2u, true, true));
+}
+
+// An error past every routine's discipline: its box, and the sounding saved beside its file on Yes.
+using RecoveryTest = testing::SessionTest;
+
+TEST_F(RecoveryTest, EscapedErrorOffersToSaveTheSoundingBesideItsFile) {
+  s.FileDir = path("");
+  EXPECT_EQ(recovery_path(s), path("NEW.recovered.TX3"));
+  std::tie(s.FilePath, s.FileName) = std::tuple(path("site.ves"), "site.ves");
+  dialogs.answers = {Answer::No, Answer::Yes};
+  report_escaped_error(session, 6, "Overflow");
+  EXPECT_EQ(dialogs.messages.back().text,
+            "Run-time error '6':\n\nOverflow\n\nSave the sounding as " +
+                path("site.recovered.TX3") + " ?");
+  EXPECT_FALSE(std::filesystem::exists(path("site.recovered.TX3")));
+  report_escaped_error(session, 6, "Overflow");
+  EXPECT_EQ(std::tuple(read("site.recovered.TX3"), s.FilePath),
+            std::tuple(tx3_text(s), path("site.ves")));
 }
 
 }  // namespace

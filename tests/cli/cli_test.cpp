@@ -80,6 +80,16 @@ TEST(BatchCommand, LeavesSettingsAloneAndPrintsUtf8) {
             "Sondage \xC3\xA9lectrique sounding made from a known model");
 }
 
+// Settings of overlong and surrogate UTF-8 are read as Windows-1252; readings that overflow in a
+// converter end in the last guard's message.
+TEST(BatchCommand, NoInputEndsInASignal) {
+  std::ofstream(kTmp / "Tellux6.ini") << "[Tellux]\r\nSEV File=a\xC0\x80\xED\xA0\x80\r\n";
+  std::ofstream(kTmp / "huge.dat") << "\"P\",\"1\",\"0\",0,0,0,1\r\n2147483647,10\r\n";
+  EXPECT_EQ(cli("settings").status, 0);
+  EXPECT_EQ(cli("convert astier huge.dat --out a.TX3").status, 1);
+  fs::remove(kTmp / "Tellux6.ini");
+}
+
 TEST(DesktopProgram, AnswersWithoutADisplay) {
   const std::string gui = "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM " TELLUX_GUI;
   EXPECT_EQ(run(gui + " --version").out, "Tellux 6.4\n");

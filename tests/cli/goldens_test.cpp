@@ -94,6 +94,12 @@ const Golden kGolden[] = {
                                  "section/S1?.TX3 --hscale 2000 --vscale 500 "
                                  "--landscape --angle -12.5 --show labels,names --ops OUT"},
     {"section_too_big.json", "section " + kLine + "--hscale 100 --vscale 100"},
+    // Beyond the page: the angle passed over from 3276.8 degrees, a floor past 32 bits without
+    // elevation lines, and a sounding drawn to -1e308 whose lines stop at the page's edge.
+    {"section_beyond_page.ops", "section --hscale 5000 " + D + "section/S10.TX3 " + D +
+                                    "section/wild.TX3 --angle 3276.8 --ops OUT"},
+    {"section_low.ops",
+     "section --hscale 5000 " + D + "section/high.TX3 " + D + "section/low.TX3 --ops OUT"},
     {"section_filled.ops",
      "section " + D + "section/S1?.TX3 --hscale 2000 --vscale 500 --show fill,numbers --ops OUT"},
     {"diagram_bilog.ops", "plot " + S + "bilog_three_layers.TX3 --steps --errors --ops OUT"},

@@ -85,6 +85,9 @@ TEST_F(InstrumentsTest, BackupsAndTheSpreadsheetExport) {
   EXPECT_TRUE(restore_backup(session));
   EXPECT_EQ(s.FilePath, path("old.TX3"));
   EXPECT_EQ(dialogs.texts().back(), "old.TX3 is restored");
+  // The rest of the open: the model window shown for the backup's model, then the sheet.
+  EXPECT_EQ(forms.model_window_shown, 1);
+  EXPECT_EQ(forms.log.back(), "fill sheet");
 
   EXPECT_EQ(txl_name("/d/data.old.txt"), "/d/data.TXL");
   EXPECT_EQ(txl_name("/d/data"), "/d/data.TXL");

@@ -16,6 +16,7 @@
 #include "core/runtime/number_text.h"
 #include "core/runtime/table.h"
 #include "core/runtime/token_file.h"
+#include "core/runtime/utf8.h"
 
 namespace tellux::rt {
 namespace {
@@ -136,6 +137,17 @@ TEST(TokenReader, ItemsEndAtCommasAndLineEndsAndBlanksAreSkipped) {
   TokenReader latin("\"Sondage \xe9t\xe9 \x80\"\r\n\"\xc3\xa9\"");
   EXPECT_EQ(latin.text(), "Sondage \xc3\xa9t\xc3\xa9 \xe2\x82\xac");
   EXPECT_EQ(latin.text(), "\xc3\xa9");
+}
+
+// Only the shortest forms of code points up to U+10FFFF, surrogates excepted, count as UTF-8.
+TEST(Runtime, Utf8IsTakenOnlyWhenStrictlyValid) {
+  EXPECT_TRUE(
+      is_utf8("\xC3\xA9\xE2\x82\xAC\xF0\x9F\x98\x80\xF4\x8F\xBF\xBF\xED\x9F\xBF\xEE\x80\x80"));
+  // Overlong forms, a surrogate, beyond U+10FFFF, cut short.
+  for (const char* bad : {"\xC0\x80", "\xC1\xBF", "\xE0\x9F\xBF", "\xF0\x8F\xBF\xBF",
+                          "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xE2\x82"})
+    EXPECT_FALSE(is_utf8(bad)) << bad;
+  EXPECT_EQ(to_utf8("\xED\xA0\x80"), "\xC3\xAD\xC2\xA0\xE2\x82\xAC");
 }
 
 class AtomicWrite : public ::testing::Test {

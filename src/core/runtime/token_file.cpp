@@ -14,6 +14,7 @@
 #include "core/runtime/arithmetic.h"
 #include "core/runtime/errors.h"
 #include "core/runtime/number_text.h"
+#include "core/runtime/utf8.h"
 
 namespace tellux::rt {
 
@@ -241,22 +242,6 @@ void write_file_atomically(const std::string& given, std::string_view content) {
 
 namespace {
 
-bool valid_utf8(std::string_view s) {
-  for (size_t i = 0; i < s.size();) {
-    const auto c = static_cast<unsigned char>(s[i]);
-    const size_t extra = c < 0x80             ? 0
-                         : (c & 0xE0) == 0xC0 ? 1
-                         : (c & 0xF0) == 0xE0 ? 2
-                         : (c & 0xF8) == 0xF0 ? 3
-                                              : 4;
-    if (extra > 3) return false;
-    for (size_t k = 1; k <= extra; ++k)
-      if (i + k >= s.size() || (static_cast<unsigned char>(s[i + k]) & 0xC0) != 0x80) return false;
-    i += extra + 1;
-  }
-  return true;
-}
-
 void append_code_point(std::string& out, unsigned cp) {
   if (cp < 0x80) {
     out += static_cast<char>(cp);
@@ -278,8 +263,43 @@ constexpr unsigned kCp1252High[32] = {
 
 }  // namespace
 
+bool is_utf8(std::string_view s) {
+  for (size_t i = 0; i < s.size();) {
+    const auto c = static_cast<unsigned char>(s[i]);
+    if (c < 0x80) {
+      ++i;
+      continue;
+    }
+    // The lead byte fixes the length and the range of the second byte: that range rules out the
+    // overlong forms (C0, C1, E0 80..9F, F0 80..8F), the surrogates (ED A0..BF) and what lies
+    // above U+10FFFF (F4 90..BF, F5..FF).
+    size_t extra = 0;
+    unsigned low = 0x80, high = 0xBF;
+    if (c >= 0xC2 && c <= 0xDF) {
+      extra = 1;
+    } else if (c >= 0xE0 && c <= 0xEF) {
+      extra = 2;
+      if (c == 0xE0) low = 0xA0;
+      if (c == 0xED) high = 0x9F;
+    } else if (c >= 0xF0 && c <= 0xF4) {
+      extra = 3;
+      if (c == 0xF0) low = 0x90;
+      if (c == 0xF4) high = 0x8F;
+    } else {
+      return false;
+    }
+    if (i + extra >= s.size()) return false;
+    for (size_t k = 1; k <= extra; ++k) {
+      const auto next = static_cast<unsigned char>(s[i + k]);
+      if (next < (k == 1 ? low : 0x80) || next > (k == 1 ? high : 0xBF)) return false;
+    }
+    i += extra + 1;
+  }
+  return true;
+}
+
 std::string to_utf8(std::string_view bytes) {
-  if (valid_utf8(bytes)) return std::string(bytes);
+  if (is_utf8(bytes)) return std::string(bytes);
   std::string out;
   out.reserve(bytes.size() * 2);
   for (char ch : bytes) {
