@@ -17,9 +17,7 @@ namespace tellux {
 
 namespace {
 
-std::string as_tx3(const std::string& path) {
-  return path.substr(0, path.size() - std::min<size_t>(3, path.size())) + "TX3";
-}
+std::string as_tx3(const std::string& path) { return with_extension(path, ".TX3"); }
 
 // The first seven characters of a number's text; a shorter text is not filled out.
 std::string cell7(double v) { return rt::Str(v).substr(0, 7); }

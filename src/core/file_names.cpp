@@ -24,9 +24,7 @@ std::string directory_part(const std::string& path, const std::string& name) {
   return path.substr(0, path.size() - std::min(path.size(), name.size()));
 }
 
-void rename_to_tx3(std::string& name) {
-  name = name.substr(0, name.size() - std::min<size_t>(3, name.size())) + "TX3";
-}
+void rename_to_tx3(std::string& name) { name = with_extension(name, ".TX3"); }
 
 std::string without_extension(const std::string& path) {
   const size_t name = path.size() - bare_name(path).size();

@@ -15,7 +15,7 @@ std::string name_after_last_separator(const std::string& path);
 // `path` without its last Len(name) characters: the directory, ending in its separator.
 std::string directory_part(const std::string& path, const std::string& name);
 
-// Replaces the last three characters (the extension's letters) by "TX3".
+// Gives the name the extension ".TX3" in place of its own.
 void rename_to_tx3(std::string& name);
 
 // `path` without the extension of its bare name (what follows its last point): "site.ves1" gives

@@ -136,9 +136,7 @@ void convert_txe_file(Session& session) {
   s.CommentText.clear();
   s.GraphTitle.clear();
   read_txe_file(session, s.FilePath);
-  if (!s.FilePath.empty())
-    s.FilePath =
-        s.FilePath.substr(0, s.FilePath.size() - std::min<size_t>(4, s.FilePath.size())) + ".TX3";
+  if (!s.FilePath.empty()) s.FilePath = with_extension(s.FilePath, ".TX3");
   write_sounding_file(session, s.FilePath);
 }
 

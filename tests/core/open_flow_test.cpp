@@ -223,7 +223,7 @@ TEST(TxeFile, FewerThanTenLayerRowsLeaveTheRestAsItStood) {
 using TxeConversion = testing::SessionTest;
 
 TEST_F(TxeConversion, WritesTheTx3BesideTheTxe) {
-  const std::string txe = path("field.TXE"), tx3 = path("field.TX3");
+  const std::string txe = path("field.txe1"), tx3 = path("field.TX3");  // the real extension
   std::filesystem::copy_file(open_data("sample.TXE"), txe);
   OpenSession o;
   o.dialogs.open_choices.push_back({txe});
