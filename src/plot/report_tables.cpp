@@ -117,7 +117,13 @@ void text_under_diagram(Session& session, PageDocument& page, const std::string&
     write_at(page, s.PlotOriginX, B + mm(15), location);
   }
   if (s.FieldTable(2, 2).num() > 0) skip([&] { model_table(session, page, ReportTitle, f, B); });
-  skip([&] { report_accuracy_and_equivalence(s, page); });
+  skip([&] {
+    report_accuracy_and_equivalence(s, page, [&] {
+      page.NewPage();
+      titles(s, page, ReportTitle, f);
+      return page.MarginTop + mm(22.5);
+    });
+  });
   // The comment stands above the footer when the table left room for it.
   const double comment = page.PageHeight - page.MarginBottom - mm(10);
   if (page.CurrentY < comment) write_at(page, s.PlotOriginX, comment, s.CommentText);
