@@ -137,7 +137,7 @@ void report_accuracy_and_equivalence(const SoundingState& s, PageDocument& page,
     text.back() = ';';
     lines.push_back(text);
   }
-  report::paged_rows(page, "^+900|<+3300|>+1400|>+1400|>+1400;", header, lines, bottom,
+  report::paged_rows(page, "^+1100|<+3300|>+1400|>+1400|>+1400;", header, lines, bottom,
                      [&] { heading(next_page()); });
 }
 
