@@ -144,7 +144,8 @@ TEST_F(FilterErrorTest, TellsTheShortFiltersErrorAndTheOptionReplacesTheRows) {
     }
   }
   run(models()[0], SpreadType::Schlumberger);
-  EXPECT_NE(filter_error_hint(s).find("see \"Accurate curves\" (Setup)"), std::string::npos);
+  EXPECT_NE(filter_error_hint(s).find("tick \"Accurate curves\" (tab Bilog Setup), then Redraw"),
+            std::string::npos);
   s.AccurateCurves = true;
   run(models()[0], SpreadType::Schlumberger);
   EXPECT_GT(s.FilterErrorPercent, 20.0);
