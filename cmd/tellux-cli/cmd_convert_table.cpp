@@ -54,7 +54,10 @@ Command convert_table_command(CLI::App& root) {
             apply_array(cli.s, o->array);
             cli.s.HalfArray = 1;
             const std::string origin = std::filesystem::path(o->file).filename().string();
-            const TableImport import = import_table(cli.s, content, layout, origin);
+            TableImport import = import_table(cli.s, content, layout, origin);
+            if (import.roles_missing)
+              import.messages.front() +=
+                  ". Give the roles with --columns (ab2, mn2, rhoa, r, dv, i, k, -)";
             Json j;
             j["Files"] = Json::array();
             j["Columns"] = Json::array();

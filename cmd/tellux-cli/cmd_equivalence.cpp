@@ -51,18 +51,13 @@ Command equivalence_command(CLI::App& root) {
   app->add_option("--threshold", o->threshold, "The RMS (percent) itself")
       ->check(CLI::PositiveNumber)
       ->excludes(tol);
-  app->add_option("--min-res", o->search.min_res, "Smallest resistivity (ohm-m)")
-      ->check(CLI::PositiveNumber)
-      ->capture_default_str();
-  app->add_option("--max-res", o->search.max_res, "Largest resistivity (ohm-m)")
-      ->check(CLI::PositiveNumber)
-      ->capture_default_str();
-  app->add_option("--min-thick", o->search.min_thick, "Smallest thickness (m)")
-      ->check(CLI::PositiveNumber)
-      ->capture_default_str();
-  app->add_option("--max-thick", o->search.max_thick, "Largest thickness (m)")
-      ->check(CLI::PositiveNumber)
-      ->capture_default_str();
+  auto bound = [app](const char* name, double& value, const char* text) {
+    app->add_option(name, value, text)->check(CLI::PositiveNumber)->capture_default_str();
+  };
+  bound("--min-res", o->search.min_res, "Smallest resistivity (ohm-m)");
+  bound("--max-res", o->search.max_res, "Largest resistivity (ohm-m)");
+  bound("--min-thick", o->search.min_thick, "Smallest thickness (m)");
+  bound("--max-thick", o->search.max_thick, "Largest thickness (m)");
   app->add_option("--fix", o->fix, "Values held fixed, as rho1,h2,... (layers from 1)");
   app->add_option("--seed", o->search.seed, "Seed of the search's random restarts")
       ->capture_default_str();

@@ -121,8 +121,13 @@ bool import_table_file(Session& session, const std::string& path, const TableLay
     return false;
   }
   auto table = std::make_unique<SoundingState>(session.s);
-  const TableImport import =
+  TableImport import =
       import_table(*table, content, layout, std::filesystem::path(path).filename().string());
+  if (import.roles_missing)
+    import.messages.front() +=
+        session.text(". Donnez son rôle à chaque colonne dans « Importer un tableau... »",
+                     ". Dé su papel a cada columna en «Importar una tabla...»",
+                     ". Give each column its role in \"Import a table...\"");
   std::string told;
   for (const std::string& m : import.messages) told += (told.empty() ? "" : "\r\n") + m;
   if (!import.ok) {

@@ -114,11 +114,12 @@ std::optional<std::string> convert_instrument(Session& session, Instrument kind,
     open_sounding(session);  // opened again as any sounding, which rebuilds the sheet
     return path;
   }
+  // The model written is the instrument file's own (ABEM's rows), never the last sounding's.
+  s.LayerModel.erase();
   if (!read_instrument(session, kind, text, name)) return std::nullopt;
   if (!write_sounding_file(session, path)) return std::nullopt;
-  s.FilePath = path;  // the save dialog may have named another file
-  session.forms.fill_sheet();
-  session.forms.redraw_bilog_frame();
+  s.FilePath = path;       // the save dialog may have named another file
+  open_sounding(session);  // the display as after any open: name, model window, recent files
   return path;
 }
 

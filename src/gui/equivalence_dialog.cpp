@@ -93,8 +93,9 @@ void show_equivalence_dialog(Session& session, QWidget* parent,
   auto* buttons = new QDialogButtonBox;
   auto* start = buttons->addButton(t("Calculer", "Calcular", "Run"), QDialogButtonBox::ActionRole);
   start->setObjectName(QStringLiteral("run"));
-  auto* cancel =
-      buttons->addButton(t("Annuler", "Cancelar", "Cancel"), QDialogButtonBox::RejectRole);
+  // "Close" keeps the result of a run; while one runs the same button cancels it.
+  const QString close = t("Fermer", "Cerrar", "Close");
+  auto* cancel = buttons->addButton(close, QDialogButtonBox::RejectRole);
   cancel->setObjectName(QStringLiteral("cancel"));
   layout->addWidget(buttons);
   bool running = false, cancelled = false;
@@ -113,6 +114,7 @@ void show_equivalence_dialog(Session& session, QWidget* parent,
     o.min_thick = value_of(min_thick, 0.1), o.max_thick = value_of(max_thick, 1e4);
     running = true, cancelled = false;
     start->setEnabled(false);
+    cancel->setText(t("Annuler", "Cancelar", "Cancel"));
     const EquivalenceResult r = analyse_equivalence(s, o, [&](int done, int total) {
       progress->setMaximum(total);
       progress->setValue(done);
@@ -121,6 +123,7 @@ void show_equivalence_dialog(Session& session, QWidget* parent,
     });
     running = false;
     start->setEnabled(true);
+    cancel->setText(close);
     progress->setValue(progress->maximum());
     summary->setText(t("RMS du modèle ", "RMS del modelo ", "Model RMS ") +
                      QString::number(r.best_rms, 'f', 2) + " %   " +

@@ -203,6 +203,7 @@ void MainWindow::build_toolbar() {
       app_.main.Combo6.ListIndex(index);
       app_.main.Combo6_Click();
       follow_language(app_.s.Language);
+      caption_survey_commands(*this, app_);
     });
   });
 }

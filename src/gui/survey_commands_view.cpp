@@ -1,5 +1,6 @@
 #include "gui/survey_commands_view.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QProgressDialog>
@@ -54,15 +55,13 @@ void fit_all_soundings(QWidget* parent, Application& app) {
 void add_survey_buttons(ProfileWidget& profile, Application& app, std::function<void()> changed) {
   auto* row = profile.findChild<QHBoxLayout*>(QStringLiteral("SurveyCommands"));
   if (!row) return;
-  auto* fit = new QPushButton(
-      QString::fromUtf8(app.session.text("Ajuster tout", "Ajustar todo", "Fit all")));
+  auto* fit = new QPushButton;
   fit->setObjectName(QStringLiteral("FitAll"));
   QObject::connect(fit, &QPushButton::clicked, &profile, [&profile, &app, changed] {
     fit_all_soundings(&profile, app);
     changed();
   });
-  auto* out = new QPushButton(QString::fromUtf8(
-      app.session.text("Exporter les modèles...", "Exportar los modelos...", "Export models...")));
+  auto* out = new QPushButton;
   out->setObjectName(QStringLiteral("ExportModels"));
   QObject::connect(out, &QPushButton::clicked, &profile, [&app, changed] {
     export_profile_models(app.session, app.profile.sheet);
@@ -70,11 +69,24 @@ void add_survey_buttons(ProfileWidget& profile, Application& app, std::function<
   });
   row->insertWidget(1, fit);
   row->insertWidget(2, out);
+  caption_survey_commands(profile, app);
 }
 
 const char* import_table_caption(const Application& app) {
   return app.session.text("&Importer un tableau...", "&Importar una tabla...",
                           "&Import a table...");
+}
+
+void caption_survey_commands(QWidget& window, const Application& app) {
+  const auto text = [&](const char* french, const char* spanish, const char* english) {
+    return QString::fromUtf8(app.session.text(french, spanish, english));
+  };
+  if (auto* fit = window.findChild<QPushButton*>(QStringLiteral("FitAll")))
+    fit->setText(text("Ajuster tout", "Ajustar todo", "Fit all"));
+  if (auto* out = window.findChild<QPushButton*>(QStringLiteral("ExportModels")))
+    out->setText(text("Exporter les modèles...", "Exportar los modelos...", "Export models..."));
+  if (auto* import = window.findChild<QAction*>(QStringLiteral("ImportTable")))
+    import->setText(QString::fromUtf8(import_table_caption(app)));
 }
 
 }  // namespace tellux

@@ -25,4 +25,8 @@ void import_table_command(QWidget* parent, Application& app);
 // The caption of the menu entry in the language in force.
 const char* import_table_caption(const Application& app);
 
+// The captions of "Fit all", "Export models..." and "Import a table..." under `window`, in the
+// language in force: when they are made and after the language box changes.
+void caption_survey_commands(QWidget& window, const Application& app);
+
 }  // namespace tellux

@@ -26,6 +26,21 @@ const char* quantity_name(Quantity q) {
   return "";
 }
 
+double quantity_value(const LayerPairs& m, size_t layer, Quantity q) {
+  const auto [rho, h] = m[layer];
+  switch (q) {
+    case Quantity::Resistivity:
+      return rho;
+    case Quantity::Thickness:
+      return h;
+    case Quantity::Conductance:
+      return h / rho;
+    case Quantity::TransverseResistance:
+      break;
+  }
+  return h * rho;
+}
+
 namespace {
 
 constexpr Quantity kQuantities[4] = {Quantity::Resistivity, Quantity::Thickness,

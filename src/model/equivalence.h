@@ -33,6 +33,9 @@ struct EquivalenceOptions {
 
 using LayerPairs = std::vector<std::pair<double, double>>;  // (resistivity, thickness); last h 0
 
+// The quantity `q` of layer `layer` (from 0) of `m`: rho, h, h / rho or h x rho.
+double quantity_value(const LayerPairs& m, size_t layer, Quantity q);
+
 struct Extreme {
   Quantity quantity = Quantity::Resistivity;
   int layer = 1;  // from 1

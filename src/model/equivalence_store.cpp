@@ -37,21 +37,6 @@ const char* quantity_caption(Quantity q, const LanguageFlags& l) {
               "Transverse resistance (ohm·m²)");
 }
 
-double fitted_value(const LayerPairs& m, size_t layer, Quantity q) {
-  const auto [rho, h] = m[layer];
-  switch (q) {
-    case Quantity::Resistivity:
-      return rho;
-    case Quantity::Thickness:
-      return h;
-    case Quantity::Conductance:
-      return h / rho;
-    case Quantity::TransverseResistance:
-      break;
-  }
-  return h * rho;
-}
-
 }  // namespace
 
 void keep_equivalence(const EquivalenceResult& result) { store() = result; }
@@ -110,7 +95,7 @@ std::vector<std::vector<std::string>> equivalence_table_rows(const EquivalenceRe
       const auto quantity = static_cast<Quantity>(q);
       const auto& range = r.ranges[i][static_cast<size_t>(q)];
       rows.push_back({q == 0 ? std::to_string(i + 1) : "", quantity_caption(quantity, l),
-                      number(range.first), number(fitted_value(r.fitted, i, quantity)),
+                      number(range.first), number(quantity_value(r.fitted, i, quantity)),
                       number(range.second)});
     }
   return rows;

@@ -40,9 +40,12 @@ std::string filter_error_hint(const SoundingState& s) {
   std::snprintf(percent, sizeof percent, "%.1f %%", s.FilterErrorPercent);
   return pick(s.Language, "Courbe fausse jusqu'à ", "Curva errónea hasta ", "Curve off by up to ") +
          std::string(percent) +
-         pick(s.Language, " sur ce modèle : voir \"Courbes précises\" (Configuration)",
-              " en este modelo: ver \"Curvas precisas\" (Configuración)",
-              " on this model: see \"Accurate curves\" (Setup)");
+         pick(s.Language,
+              " sur ce modèle : cochez \"Courbes précises\" (onglet Bilog Setup), puis "
+              "Redessiner",
+              " en este modelo: marque \"Curvas precisas\" (pestaña Bilog Setup), luego "
+              "Redibujar",
+              " on this model: tick \"Accurate curves\" (tab Bilog Setup), then Redraw");
 }
 
 double filter_error_percent(const double* short_rows, const double* accurate_rows, int last) {

@@ -9,6 +9,7 @@
 #include "model/equivalence_store.h"
 #include "model/filter_error.h"
 #include "plot/bilog_scale.h"
+#include "plot/report_parts.h"
 
 namespace tellux {
 
@@ -83,17 +84,18 @@ void DrawEquivalenceBand(Session& session, const BilogSurfaces& surfaces) {
 }
 
 void report_accuracy_and_equivalence(const SoundingState& s, PageDocument& page,
-                                     const std::function<double()>& new_page) {
+                                     const std::function<double()>& next_page) {
   const double x = s.PlotOriginX;
   double y = page.CurrentY + 400;
   const bool note = !s.AccurateCurves && s.FilterErrorPercent > 1.0;
   const EquivalenceResult* r = equivalence_of_current_model(s);
-  // What does not fit above the bottom margin goes on a page of its own.
-  const double table =
-      r ? 300 + (equivalence_table_rows(*r, s.Language).size() + 1) * page.line_height() : 0;
-  if ((note || r) && y + (note ? 300 : 0) + table > page.PageHeight - page.MarginBottom) {
-    y = new_page();
-  }
+  const auto rows =
+      r ? equivalence_table_rows(*r, s.Language) : std::vector<std::vector<std::string>>{};
+  const double bottom = page.PageHeight - page.MarginBottom;
+  // A table that does not fit above the bottom margin starts on a page of its own, and goes on
+  // over further pages when it is longer than one.
+  const double table = r ? 300 + (rows.size() + 1) * page.line_height() : 0;
+  if ((note || r) && y + (note ? 300 : 0) + table > bottom) y = next_page();
   if (note) {
     char text[200];
     std::snprintf(
@@ -114,30 +116,29 @@ void report_accuracy_and_equivalence(const SoundingState& s, PageDocument& page,
                 pick(s.Language, "Équivalence (RMS au plus ", "Equivalencia (RMS a lo sumo ",
                      "Equivalence (RMS at most "),
                 r->threshold);
-  page.FontBold(true);
-  page.CurrentX = x;
-  page.CurrentY = y;
-  page.Text(title);
-  page.FontBold(false);
-  page.CurrentX = x;
-  page.CurrentY = y + 300;
+  const auto heading = [&](double at) {
+    page.FontBold(true);
+    page.CurrentX = x;
+    page.CurrentY = at;
+    page.Text(title);
+    page.FontBold(false);
+    page.CurrentX = x;
+    page.CurrentY = at + 300;
+  };
+  heading(y);
   page.TableBorder = 0;
-  page.StartTable();
   std::string header;
   for (const std::string& t : equivalence_table_titles(s.Language)) header += t + "|";
   header.back() = ';';
-  bool first = true;
-  for (const auto& row : equivalence_table_rows(*r, s.Language)) {
+  std::vector<std::string> lines;
+  for (const auto& row : rows) {
     std::string text;
     for (const std::string& cell : row) text += cell + "|";
     text.back() = ';';
-    if (first)
-      page.AddTable("^+1100|<+3100|>+1300|>+1300|>+1300;", header, text);
-    else
-      page.AddTable("", "", text, true);
-    first = false;
+    lines.push_back(text);
   }
-  page.EndTable();
+  report::paged_rows(page, "^+1100|<+3300|>+1400|>+1400|>+1400;", header, lines, bottom,
+                     [&] { heading(next_page()); });
 }
 
 }  // namespace tellux

@@ -16,9 +16,9 @@ void DrawEquivalenceBand(Session& session, const BilogSurfaces& surfaces);
 
 // The report's lines below the model table: a note when the short filter is more than 1 % off
 // on this model and the accurate curves are off; the table of ranges when an analysis was run
-// for this model. `new_page` starts a page with the report's titles when the note and the table do
-// not fit above the bottom margin, and gives the height they start at.
+// for this model. `next_page` starts a page with the report's title lines and returns where its
+// text may begin; the table goes on over as many pages as its rows need.
 void report_accuracy_and_equivalence(const SoundingState& s, PageDocument& page,
-                                     const std::function<double()>& new_page);
+                                     const std::function<double()>& next_page);
 
 }  // namespace tellux

@@ -121,7 +121,7 @@ void text_under_diagram(Session& session, PageDocument& page, const std::string&
     report_accuracy_and_equivalence(s, page, [&] {
       page.NewPage();
       titles(s, page, ReportTitle, f);
-      return page.MarginTop + mm(29.5);  // where a continued model table starts
+      return page.MarginTop + mm(22.5);
     });
   });
   // The comment stands above the footer when the table left room for it.

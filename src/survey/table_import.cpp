@@ -32,15 +32,23 @@ std::string number_words(double v) {
 }
 
 // What the roles cannot do, in words; empty when they can give resistivities.
-std::string missing_roles(const std::vector<ColumnRole>& roles, SpreadType spread) {
-  if (!has(roles, ColumnRole::AbHalf)) return "no column of AB/2 (ab2)";
+std::string missing_roles(const std::vector<ColumnRole>& roles, const SoundingState& s) {
+  const LanguageFlags& l = s.Language;
+  if (!has(roles, ColumnRole::AbHalf))
+    return pick(l, "aucune colonne AB/2 (ab2)", "ninguna columna AB/2 (ab2)",
+                "no column of AB/2 (ab2)");
   const bool rhoa = has(roles, ColumnRole::Rhoa);
   const bool r = has(roles, ColumnRole::Resistance);
   const bool dvi = has(roles, ColumnRole::DeltaV) && has(roles, ColumnRole::Current);
-  if (!rhoa && !r && !dvi) return "no column of resistivity (rhoa), resistance (r) or DeltaV and I";
-  if (!rhoa && spread != SpreadType::Wenner && !has(roles, ColumnRole::MnHalf) &&
+  if (!rhoa && !r && !dvi)
+    return pick(l, "aucune colonne de résistivité (rhoa), de résistance (r) ni DeltaV et I",
+                "ninguna columna de resistividad (rhoa), resistencia (r) ni DeltaV e I",
+                "no column of resistivity (rhoa), resistance (r) or DeltaV and I");
+  if (!rhoa && s.Spread != SpreadType::Wenner && !has(roles, ColumnRole::MnHalf) &&
       !has(roles, ColumnRole::K))
-    return "no column of MN/2 (mn2) for the geometric factor";
+    return pick(l, "aucune colonne MN/2 (mn2) pour le facteur géométrique",
+                "ninguna columna MN/2 (mn2) para el factor geométrico",
+                "no column of MN/2 (mn2) for the geometric factor");
   return {};
 }
 
@@ -150,15 +158,22 @@ TableImport import_table(SoundingState& s, const std::string& content, const Tab
   if (result.roles.empty() && table.header)
     for (const std::string& title : table.header->cells)
       result.roles.push_back(role_from_title(title).value_or(ColumnRole::Skip));
-  if (const std::string missing = missing_roles(result.roles, s.Spread); !missing.empty()) {
+  if (const std::string missing = missing_roles(result.roles, s); !missing.empty()) {
+    const LanguageFlags& l = s.Language;
     std::string seen;
     if (table.header)
       for (const std::string& title : table.header->cells)
         seen += (seen.empty() ? "" : ", ") + ("\"" + title + "\"");
     result.messages.push_back(
-        "The columns of the table cannot be read: " + missing +
-        (table.header ? ". Columns seen: " + seen : std::string(". The table has no header")) +
-        ". Give the roles with --columns (ab2, mn2, rhoa, r, dv, i, k, -)");
+        pick(l, "Les colonnes du tableau ne peuvent être lues : ",
+             "Las columnas de la tabla no se pueden leer: ",
+             "The columns of the table cannot be read: ") +
+        missing +
+        (table.header
+             ? pick(l, ". Colonnes vues : ", ". Columnas vistas: ", ". Columns seen: ") + seen
+             : std::string(pick(l, ". Le tableau n'a pas d'en-tête",
+                                ". La tabla no tiene encabezado", ". The table has no header"))));
+    result.roles_missing = true;
     return result;
   }
 
@@ -175,7 +190,10 @@ TableImport import_table(SoundingState& s, const std::string& content, const Tab
     readings.resize(kMostRows);
   }
   if (readings.empty()) {
-    result.messages.insert(result.messages.begin(), "The table holds no reading");
+    result.messages.insert(
+        result.messages.begin(),
+        pick(s.Language, "Le tableau ne contient aucune lecture",
+             "La tabla no contiene ninguna lectura", "The table holds no reading"));
     return result;
   }
 

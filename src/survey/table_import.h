@@ -22,7 +22,8 @@ struct TableLayout {
 struct TableImport {
   std::vector<ColumnRole> roles;
   std::vector<std::string> messages;
-  bool ok = false;  // false: nothing stored; the first message says why
+  bool ok = false;             // false: nothing stored; the first message says why
+  bool roles_missing = false;  // the columns' roles do not give a reading (first message)
 };
 
 // Roles from "ab2,mn2,r,r,-": none when a name is not a role.

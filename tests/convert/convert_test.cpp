@@ -47,8 +47,11 @@ TEST_F(InstrumentsTest, TheRecordNamesTheTx3FileAndASaveLeavesTheInputAlone) {
   for (const auto& [kind, sample, name, tx3] : cases) {
     const std::string input = write(name, rt::read_whole_file(data(sample)));
     dialogs.open_choices = {{input}};
+    s.LayerModel(3, 1) = 526;  // the last sounding's model does not leak into the file
     ASSERT_EQ(convert_instrument(session, kind, "C:\\Tellux\\DataVes.txt"), path(tx3)) << name;
     EXPECT_EQ(s.FilePath, path(tx3));
+    EXPECT_EQ(s.LayerModel(3, 1).num(), 0) << name;
+    EXPECT_EQ(s.FileName, std::filesystem::path(tx3).filename().string()) << name;
     std::string save = s.FilePath;
     s.WorkMode = mode::kFile;
     ASSERT_TRUE(write_sounding_file(session, save));

@@ -126,6 +126,10 @@ class WindowTest : public QObject {
     QVERIFY(p.app.s.Language.French && p.model_window_unloaded == 1);
     QCOMPARE(p.window.sheet()->button("ExitButton")->text(), QStringLiteral("&Quitte"));
     QCOMPARE(p.window.tabs()->tabText(1), QStringLiteral("SEV model"));
+    QCOMPARE(p.window.findChild<QPushButton*>(QStringLiteral("FitAll"))->text(),
+             QStringLiteral("Ajuster tout"));
+    QCOMPARE(p.window.action(QStringLiteral("ImportTable"))->text(),
+             QStringLiteral("&Importer un tableau..."));
     // The toolkit's own buttons follow, where its translations are installed.
     QDialogButtonBox buttons(QDialogButtonBox::Cancel);
     if (QFile::exists(QLibraryInfo::path(QLibraryInfo::TranslationsPath) + "/qtbase_fr.qm"))

@@ -18,21 +18,6 @@ namespace {
 
 using testing::Layer;
 
-double quantity(const LayerPairs& m, Quantity q, int layer) {
-  const auto [rho, h] = m[static_cast<size_t>(layer)];
-  switch (q) {
-    case Quantity::Resistivity:
-      return rho;
-    case Quantity::Thickness:
-      return h;
-    case Quantity::Conductance:
-      return h / rho;
-    case Quantity::TransverseResistance:
-      break;
-  }
-  return h * rho;
-}
-
 class EquivalenceTest : public testing::SessionTest {
  protected:
   void make(const std::vector<Layer>& truth) {
@@ -48,7 +33,7 @@ class EquivalenceTest : public testing::SessionTest {
     std::mt19937 random(7);
     std::normal_distribution<double> step(0.0, 1.0);
     LayerPairs m = start;
-    double best = quantity(m, e.quantity, e.layer - 1);
+    double best = quantity_value(m, static_cast<size_t>(e.layer - 1), e.quantity);
     double size = 0.1;
     for (int k = 0; k < 400; ++k, size = std::max(0.005, size * 0.99)) {
       LayerPairs y = m;
@@ -57,7 +42,7 @@ class EquivalenceTest : public testing::SessionTest {
         if (i + 1 < y.size())
           y[i].second = std::clamp(y[i].second * std::exp(size * step(random)), 0.1, 1e4);
       }
-      const double v = quantity(y, e.quantity, e.layer - 1);
+      const double v = quantity_value(y, static_cast<size_t>(e.layer - 1), e.quantity);
       if ((e.maximum ? v > best : v < best) && equivalence_rms(s, y) <= threshold) m = y, best = v;
     }
     return best;
@@ -78,11 +63,12 @@ class EquivalenceTest : public testing::SessionTest {
     for (const Layer& l : truth_) truth.emplace_back(l.rho, l.thickness);
     truth.back().second = 0;
     for (const Extreme& e : r.extremes) {
-      const double v = quantity(truth, e.quantity, e.layer - 1);
+      const double v = quantity_value(truth, static_cast<size_t>(e.layer - 1), e.quantity);
       EXPECT_TRUE(e.maximum ? v <= e.value * 1.0001 : v >= e.value * 0.9999)
           << quantity_name(e.quantity) << e.layer << " true " << v << " bound " << e.value;
       EXPECT_LE(equivalence_rms(s, e.model), r.threshold);
-      EXPECT_NEAR(quantity(e.model, e.quantity, e.layer - 1), e.value, 1e-9 * e.value);
+      EXPECT_NEAR(quantity_value(e.model, static_cast<size_t>(e.layer - 1), e.quantity), e.value,
+                  1e-9 * e.value);
       for (const LayerPairs* start : {&e.model, &r.fitted}) {
         const double found = independent_search(*start, e, r.threshold);
         EXPECT_TRUE(e.maximum ? found <= e.value * 1.1 : found >= e.value / 1.1)

@@ -5,6 +5,7 @@
 
 #include "core/runtime/arithmetic.h"
 #include "core/runtime/number_text.h"
+#include "model/equivalence_store.h"
 #include "model/forward.h"
 #include "model/layer_depths.h"
 #include "plot_fixture.h"
@@ -83,6 +84,32 @@ TEST_F(ReportTest, LongTablesGoOnOverPagesInsideTheMargins) {
     EXPECT_EQ(std::count(cells.begin(), cells.end(), "80"), 20);
     EXPECT_TRUE(has(2, "near the well"));
   }
+}
+
+// An equivalence table of twenty layers goes on over pages with the title lines and its heading.
+TEST_F(ReportTest, LongEquivalenceTableGoesOnInsideTheMargins) {
+  long_sounding();
+  EquivalenceResult r;
+  for (int i = 0; i < 20; ++i) r.fitted.emplace_back(80, i < 19 ? 0.7 : 0);
+  r.ranges.resize(20, {{{1, 2}, {1, 2}, {1, 2}, {1, 2}}});
+  keep_equivalence(r);
+  for (const bool lying : {false, true}) {
+    build(lying);
+    int rows = 0, headed = 0;
+    for (int p = 1; p <= doc.PageCount(); ++p) {
+      EXPECT_TRUE(has(p, "Electrical sounding Schlumberger - R1.TX3")) << p;
+      for (const PageOp& op : doc.pages()[size_t(p - 1)].ops)
+        if (op.kind == PageOp::Kind::Cell) {
+          EXPECT_LE(op.points[3], doc.PageHeight - doc.MarginBottom) << op.text << " page " << p;
+        }
+      const auto t = texts(p);
+      rows += int(std::count(t.begin(), t.end(), "Conductance (S)"));
+      headed += has(p, "Equivalence (RMS at most 0.00 %)");
+    }
+    EXPECT_EQ(rows, 19) << lying;
+    EXPECT_GE(headed, 2) << lying;
+  }
+  keep_equivalence({});
 }
 
 // The altitudes are those of the Z the sounding holds when the report is built.

@@ -137,6 +137,11 @@ TEST(TableImportMessages, AHeaderItCannotReadListsTheColumnsSeen) {
   EXPECT_EQ(s.FieldCount, 0);
   const TableImport none = import_table(s, "1;2;3\n", TableLayout{}, "t.csv");
   EXPECT_NE(none.messages[0].find("no header"), std::string::npos);
+  EXPECT_TRUE(none.roles_missing);  // the callers say where roles are given
+  s.Language.French = true;
+  EXPECT_EQ(import_table(s, "1;2;3\n", TableLayout{}, "t.csv").messages[0],
+            "Les colonnes du tableau ne peuvent être lues : aucune colonne AB/2 (ab2). Le tableau "
+            "n'a pas d'en-tête");
 }
 
 }  // namespace
