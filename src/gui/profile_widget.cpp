@@ -135,16 +135,16 @@ QGroupBox* ProfileWidget::build_options() {
     const char* name;
     CheckBox* model;
     const char* tip;
-    void (ProfileTab::*click)() = nullptr;  // what a click runs besides ticking
+    std::function<void()> click = {};  // what a click runs besides ticking
   } checks[] = {{"Check1", &tab_.Check1, "Display a color legend for resistivity"},
                 {"Check2", &tab_.Check2, "Draw topographical surface"},
                 {"Check3", &tab_.Check3, "Print resistivity values"},
                 {"Check4", &tab_.Check4, "Draw elevatio lines"},
                 {"Check5", &tab_.Check5, ""},
                 {"Check6", &tab_.Check6, "Dipslay the plot X and Z scale"},
-                {"Check7", &tab_.Check7, "", &ProfileTab::Check7_Click},
-                {"Check8", &tab_.Check8, "", &ProfileTab::Check8_Click},
-                {"Check9", &tab_.Check9, "", &ProfileTab::Check9_Click}};
+                {"Check7", &tab_.Check7, "", [this] { tab_.Check7_Click(); }},
+                {"Check8", &tab_.Check8, "", [this] { tab_.Check8_Click(); }},
+                {"Check9", &tab_.Check9, "", [this] { tab_.Check9_Click(); }}};
   for (const Check& c : checks) {
     auto* check = new QCheckBox(q(c.model->Caption));
     check->setObjectName(QLatin1String(c.name));
@@ -153,9 +153,7 @@ QGroupBox* ProfileWidget::build_options() {
     connect(check, &QCheckBox::toggled, this, [this, model](bool on) {
       if (!refreshing_) model->Value = on ? 1 : 0;
     });
-    if (c.click)
-      connect(check, &QCheckBox::clicked, this,
-              [this, click = c.click] { run([this, click] { (tab_.*click)(); }); });
+    if (c.click) connect(check, &QCheckBox::clicked, this, [this, click = c.click] { run(click); });
     checks_.emplace_back(check, model);
     column->addWidget(check);
   }
