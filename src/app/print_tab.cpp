@@ -100,15 +100,15 @@ void PrintTab::cmdPrint_Click() {
     if (code == 0) continue;
     session_.dialogs.message(
         "The VSPrinter control raised the Error event with the " + rt::CStr(code) + " code.\n\n" +
-            session_.text(
-                "L'impression n'a pas pu commencer : aucune imprimante n'est prête. "
-                "Choisissez une imprimante, ou «\xC2\xA0Imprimer dans un fichier (PDF)\xC2\xA0», avec "
-                "«\xC2\xA0Printer setup\xC2\xA0», puis imprimez de nouveau.",
-                "La impresión no pudo empezar: ninguna impresora está lista. Elija una "
-                "impresora, o «Imprimir a archivo (PDF)», en «Printer setup», y vuelva a "
-                "imprimir.",
-                "Printing could not begin: no printer is ready. Choose a printer, or "
-                "\"Print to File (PDF)\", in \"Printer setup\", then print again."),
+            session_.text("L'impression n'a pas pu commencer : aucune imprimante n'est prête. "
+                          "Choisissez une imprimante, ou «\xC2\xA0Imprimer dans un fichier "
+                          "(PDF)\xC2\xA0», avec "
+                          "«\xC2\xA0Printer setup\xC2\xA0», puis imprimez de nouveau.",
+                          "La impresión no pudo empezar: ninguna impresora está lista. Elija una "
+                          "impresora, o «Imprimir a archivo (PDF)», en «Printer setup», y vuelva a "
+                          "imprimir.",
+                          "Printing could not begin: no printer is ready. Choose a printer, or "
+                          "\"Print to File (PDF)\", in \"Printer setup\", then print again."),
         Buttons::Ok, Icon::None, kProgramTitle);
     return;
   }

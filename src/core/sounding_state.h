@@ -69,10 +69,10 @@ struct SoundingState {
   int16_t ModelCurveLast = -1;
   rt::Array1<double, 62> TransformSamples;
   int16_t DecadeStart = -1;
-  Cell FitMisfit;               // 0 also means that no fit is running
+  Cell FitMisfit;                   // 0 also means that no fit is running
   bool AccurateCurves = false;      // setup option "Accurate curves": rows take the accurate values
   double FilterErrorPercent = 0.0;  // the short filter's largest error on the last curve, percent
-  int16_t SuperposeCurve = -1;  // 1: the overlay box is ticked, -1: not
+  int16_t SuperposeCurve = -1;      // 1: the overlay box is ticked, -1: not
   double ModelSensitivity = 0.3;
   rt::Array1<float, 51> FieldSlopes;
   int16_t ThicknessDecimals = 0;

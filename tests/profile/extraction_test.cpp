@@ -1,5 +1,5 @@
-#include "core/file_names.h"
 #include "profile/extraction.h"
+#include "core/file_names.h"
 
 #include "session_fixture.h"
 
@@ -76,9 +76,9 @@ TEST_F(Extraction, TheMenuCommandAsksAndWritesWhereTheSaveDialogSays) {
   EXPECT_EQ(HORSLICE(session, fill), path("tranche.DAT"));
   EXPECT_EQ(read("tranche.DAT").substr(0, 14), "1000,2000,80\r\n");
   EXPECT_EQ(dialogs.texts(),
-            (std::vector<std::string>{"Impossible with only 1 file", "Extraction aborted",
-                                      "Sauvegarde du fichier " + folder_of(line_files()[0]) +
-                                          "Res_by_layer_1.DAT"}));
+            (std::vector<std::string>{
+                "Impossible with only 1 file", "Extraction aborted",
+                "Sauvegarde du fichier " + folder_of(line_files()[0]) + "Res_by_layer_1.DAT"}));
   EXPECT_EQ(s.FileName, "tranche.txt");
 }
 
